@@ -1,0 +1,185 @@
+// ibuffer6.cpp - IBuffer, searching: clamps of the start and hands over to the kernels. (Digit 6 is always searching:
+// docs/architecture.md)
+// Tests: tests/buffers/search_test.cpp
+#include <quelmcl/ibuffer.hpp>
+
+#include "kernels/byteset.hpp"
+#include "kernels/textsearch.hpp"
+
+#include <algorithm>
+#include <cstring>
+
+using quelmcl::detail::ByteSet;
+using quelmcl::detail::nowhere;
+
+namespace {
+
+/// The 1-based position of an offset, 0 for nowhere.
+unsigned positionOf(std::size_t offset)
+{
+  static_assert(nowhere + 1 == 0, "nowhere becomes position 0");
+  return static_cast<unsigned>(offset + 1);
+}
+
+/// The position of the first byte from `start` on (not 0) for which `claim` holds, or 0.
+template <class Claim>
+unsigned firstFrom(const IBuffer& buffer, unsigned start, Claim claim)
+{
+  const unsigned skipped = start - 1;
+  const std::size_t offset =
+    quelmcl::detail::firstWhere(buffer.contents() + skipped, buffer.length() - skipped, claim);
+  return offset == nowhere ? 0 : positionOf(skipped + offset);
+}
+
+/// The position of the last byte at or before `start` for which `claim` holds, or 0.
+template <class Claim>
+unsigned lastUpTo(const IBuffer& buffer, unsigned start, Claim claim)
+{
+  return positionOf(quelmcl::detail::lastWhere(buffer.contents(), start, claim));
+}
+
+auto isIn(const ByteSet& set)
+{
+  return [&set](char byte) { return set.has(byte); };
+}
+
+auto isNotIn(const ByteSet& set)
+{
+  return [&set](char byte) { return !set.has(byte); };
+}
+
+auto isNot(char other)
+{
+  return [other](char byte) { return byte != other; };
+}
+
+// A test sees a byte as the number that a char is: 0x80 to 0xFF are negative.
+auto passes(const IStringTest& test)
+{
+  return [&test](char byte) { return test.test(static_cast<signed char>(byte)) != 0; };
+}
+
+auto fails(const IStringTest& test)
+{
+  return [&test](char byte) { return test.test(static_cast<signed char>(byte)) == 0; };
+}
+
+}  // namespace
+
+// ---- where a search begins ----
+
+unsigned IBuffer::startSearch(unsigned startPos, unsigned searchLen) const
+{
+  const unsigned start = std::max(startPos, 1u);
+  if (start > len || searchLen > len - start + 1)
+    return 0;
+  return start;
+}
+
+// Deliberate: a backward search from 0 finds nothing, unlike a forward one.  Test: BackwardSearch.FromZeroFindsNothing
+unsigned IBuffer::startBackwardsSearch(unsigned startPos, unsigned searchLen) const
+{
+  if (searchLen > len)
+    return 0;
+  return std::min({startPos, len, len - searchLen + 1});
+}
+
+// ---- texts ----
+
+unsigned IBuffer::indexOf(const char* pSearchString, unsigned searchLen, unsigned startPos) const
+{
+  if (searchLen == 1)
+    return indexOfAnyOf(pSearchString, 1, startPos);
+  const unsigned start = startSearch(startPos, searchLen);
+  if (start == 0 || searchLen == 0)
+    return 0;
+  const unsigned skipped = start - 1;
+  const std::size_t offset = quelmcl::detail::findText(contents() + skipped, len - skipped, pSearchString, searchLen);
+  return offset == nowhere ? 0 : positionOf(skipped + offset);
+}
+
+unsigned IBuffer::lastIndexOf(const char* pSearchString, unsigned searchLen, unsigned startPos) const
+{
+  const unsigned start = startBackwardsSearch(startPos, searchLen);
+  if (start == 0 || searchLen == 0)
+    return 0;
+  return positionOf(quelmcl::detail::findLastText(contents(), start - 1 + searchLen, pSearchString, searchLen));
+}
+
+// ---- sets ----
+
+unsigned IBuffer::indexOfAnyOf(const char* pValidChars, unsigned numValidChars, unsigned startPos) const
+{
+  const unsigned start = startSearch(startPos, 1);
+  if (start == 0 || numValidChars == 0)
+    return 0;
+  if (numValidChars > 1)
+    return firstFrom(*this, start, isIn(ByteSet(pValidChars, numValidChars)));
+  const void* const found = std::memchr(contents() + start - 1, static_cast<unsigned char>(*pValidChars), len - start + 1);
+  return found == nullptr ? 0 : positionOf(static_cast<std::size_t>(static_cast<const char*>(found) - contents()));
+}
+
+unsigned IBuffer::indexOfAnyBut(const char* pValidChars, unsigned numValidChars, unsigned startPos) const
+{
+  const unsigned start = startSearch(startPos, 1);
+  if (start == 0 || numValidChars == 0)
+    return start;
+  if (numValidChars > 1)
+    return firstFrom(*this, start, isNotIn(ByteSet(pValidChars, numValidChars)));
+  return firstFrom(*this, start, isNot(*pValidChars));
+}
+
+unsigned IBuffer::lastIndexOfAnyOf(const char* pValidChars, unsigned numValidChars, unsigned startPos) const
+{
+  const unsigned start = startBackwardsSearch(startPos, 1);
+  if (start == 0 || numValidChars == 0)
+    return 0;
+  if (numValidChars > 1)
+    return lastUpTo(*this, start, isIn(ByteSet(pValidChars, numValidChars)));
+  const void* const found = memrchr(contents(), static_cast<unsigned char>(*pValidChars), start);
+  return found == nullptr ? 0 : positionOf(static_cast<std::size_t>(static_cast<const char*>(found) - contents()));
+}
+
+unsigned IBuffer::lastIndexOfAnyBut(const char* pValidChars, unsigned numValidChars, unsigned startPos) const
+{
+  const unsigned start = startBackwardsSearch(startPos, 1);
+  if (start == 0 || numValidChars == 0)
+    return start;
+  if (numValidChars > 1)
+    return lastUpTo(*this, start, isNotIn(ByteSet(pValidChars, numValidChars)));
+  return lastUpTo(*this, start, isNot(*pValidChars));
+}
+
+// ---- tests ----
+
+unsigned IBuffer::indexOf(const IStringTest& test, unsigned startPos) const
+{
+  return indexOfAnyOf(test, startPos);
+}
+
+unsigned IBuffer::lastIndexOf(const IStringTest& test, unsigned startPos) const
+{
+  return lastIndexOfAnyOf(test, startPos);
+}
+
+unsigned IBuffer::indexOfAnyOf(const IStringTest& test, unsigned startPos) const
+{
+  const unsigned start = startSearch(startPos, 1);
+  return start == 0 ? 0 : firstFrom(*this, start, passes(test));
+}
+
+unsigned IBuffer::indexOfAnyBut(const IStringTest& test, unsigned startPos) const
+{
+  const unsigned start = startSearch(startPos, 1);
+  return start == 0 ? 0 : firstFrom(*this, start, fails(test));
+}
+
+unsigned IBuffer::lastIndexOfAnyOf(const IStringTest& test, unsigned startPos) const
+{
+  return lastUpTo(*this, startBackwardsSearch(startPos, 1), passes(test));
+}
+
+unsigned IBuffer::lastIndexOfAnyBut(const IStringTest& test, unsigned startPos) const
+{
+  return lastUpTo(*this, startBackwardsSearch(startPos, 1), fails(test));
+}

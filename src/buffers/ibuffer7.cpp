@@ -1,0 +1,290 @@
+// ibuffer7.cpp - IBuffer, editing: each operation returns the buffer that a string is to hold afterwards. (Digit 7 is always
+// editing: docs/architecture.md)
+// Tests: tests/buffers/editing_test.cpp
+#include <quelmcl/ibuffer.hpp>
+
+#include "kernels/bytes.hpp"
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <memory>
+
+namespace {
+
+const char upperLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+const char lowerLetters[] = "abcdefghijklmnopqrstuvwxyz";
+constexpr unsigned letterCount = 26;
+
+/// What is to be written to in place of `buffer`: itself, with one more reference, when it has a sole owner, else a copy.
+IBuffer* editable(IBuffer* buffer)
+{
+  if (buffer->useCount() < 2)
+    return buffer->addRef();
+  return buffer->newBuffer(buffer->contents(), buffer->length(), nullptr, 0, nullptr, 0, 0);
+}
+
+/// A new buffer of the kind that `model` allocates, its text still to be filled in, or the null buffer for no text.
+IBuffer* unfilled(const IBuffer& model, unsigned length)
+{
+  return length == 0 ? model.null()->addRef() : model.allocate(length);
+}
+
+/// A text that an operation reads while it writes to `edited`: the text itself, or a copy when the two overlap.
+class StableText {
+public:
+  StableText(const char* text, unsigned length, const IBuffer& edited) : stable(text)
+  {
+    const std::less<const char*> before;
+    const char* const end = edited.contents() + edited.length();
+    if (length == 0 || !before(text, end) || !before(edited.contents(), text + length))
+      return;
+    copy.reset(new char[length]);
+    std::memcpy(copy.get(), text, length);
+    stable = copy.get();
+  }
+  const char* get() const noexcept { return stable; }
+
+private:
+  const char* stable;
+  std::unique_ptr<char[]> copy;
+};
+
+}  // namespace
+
+// ---- fitting into a length ----
+
+IBuffer* IBuffer::center(unsigned newLength, char padCharacter)
+{
+  if (newLength == len)
+    return addRef();
+
+  if (newLength < len) {
+    const unsigned cutLeft = (len - newLength) >> 1;  // an odd surplus loses its extra byte on the right
+    return newBuffer(contents() + cutLeft, newLength, nullptr, 0, nullptr, 0, padCharacter);
+  }
+
+  const unsigned pad = newLength - len;
+  const unsigned padLeft = pad >> 1;                  // an odd pad puts its extra byte on the right
+  return newBuffer(nullptr, padLeft, contents(), len, nullptr, pad - padLeft, padCharacter);
+}
+
+IBuffer* IBuffer::leftJustify(unsigned newLength, char padCharacter)
+{
+  if (newLength == len)
+    return addRef();
+  const unsigned kept = std::min(len, newLength);
+  return newBuffer(contents(), kept, nullptr, newLength - kept, nullptr, 0, padCharacter);
+}
+
+IBuffer* IBuffer::rightJustify(unsigned newLength, char padCharacter)
+{
+  if (newLength == len)
+    return addRef();
+  const unsigned kept = std::min(len, newLength);
+  return newBuffer(nullptr, newLength - kept, contents() + (len - kept), kept, nullptr, 0, padCharacter);
+}
+
+// ---- putting in, over, out ----
+
+IBuffer* IBuffer::insert(const char* pInsert, unsigned insertLen, unsigned index, char padCharacter)
+{
+  if (index > len)
+    return newBuffer(contents(), len, nullptr, index - len, pInsert, insertLen, padCharacter);
+  if (insertLen == 0)
+    return addRef();
+  return newBuffer(contents(), index, pInsert, insertLen, contents() + index, len - index, padCharacter);
+}
+
+IBuffer* IBuffer::overlayWith(const char* pOverlay, unsigned overlayLen, unsigned index, char padCharacter)
+{
+  if (overlayLen == 0 && index <= len)
+    return addRef();
+  const unsigned before = std::max(index, 1u) - 1;
+  if (before > len)
+    return newBuffer(contents(), len, nullptr, before - len, pOverlay, overlayLen, padCharacter);
+  const unsigned covered = std::min(overlayLen, len - before);
+  const unsigned behind = before + covered;
+  return newBuffer(contents(), before, pOverlay, overlayLen, contents() + behind, len - behind, padCharacter);
+}
+
+IBuffer* IBuffer::remove(unsigned startPos, unsigned numChars)
+{
+  if (startPos > len || len == 0)
+    return addRef();
+  const unsigned before = std::max(startPos, 1u) - 1;
+  const unsigned behind = before + std::min(numChars, len - before);
+  return newBuffer(contents(), before, contents() + behind, len - behind, nullptr, 0, 0);
+}
+
+IBuffer* IBuffer::copy(unsigned numCopies)
+{
+  if (len == 0 || numCopies == 1)
+    return addRef();
+  if (numCopies == 0)
+    return null()->addRef();
+  IBuffer* const result = unfilled(*this, checkAddition(len, checkMultiplication(numCopies - 1, len)));
+  std::memcpy(result->contents(), contents(), len);
+  quelmcl::detail::repeatBytes(result->contents(), len, result->length());
+  return result;
+}
+
+// ---- every character ----
+
+IBuffer* IBuffer::lowerCase()
+{
+  const unsigned first = indexOfAnyOf(upperLetters, letterCount, 1);
+  if (first == 0)
+    return addRef();
+  IBuffer* const result = editable(this);
+  quelmcl::detail::lowerAscii(result->contents() + (first - 1), len - (first - 1));
+  return result;
+}
+
+IBuffer* IBuffer::upperCase()
+{
+  const unsigned first = indexOfAnyOf(lowerLetters, letterCount, 1);
+  if (first == 0)
+    return addRef();
+  IBuffer* const result = editable(this);
+  quelmcl::detail::upperAscii(result->contents() + (first - 1), len - (first - 1));
+  return result;
+}
+
+IBuffer* IBuffer::reverse()
+{
+  if (len < 2)
+    return addRef();
+  IBuffer* const result = editable(this);
+  quelmcl::detail::reverseBytes(result->contents(), len);
+  return result;
+}
+
+IBuffer* IBuffer::translate(const char* pInputChars, unsigned inputLen, const char* pOutputChars, unsigned outputLen,
+                            char padCharacter)
+{
+  const unsigned first = indexOfAnyOf(pInputChars, inputLen, 1);
+  if (first == 0)
+    return addRef();
+  const quelmcl::detail::ByteMap map(pInputChars, inputLen, pOutputChars, outputLen, padCharacter);
+  IBuffer* const result = editable(this);
+  map.apply(result->contents() + (first - 1), len - (first - 1));
+  return result;
+}
+
+// ---- both ends ----
+
+namespace {
+
+/// Strips with the two searches that say where the first and the last character to keep are.
+template <class FirstKept, class LastKept>
+IBuffer* stripEnds(IBuffer* buffer, IStringEnum::StripMode mode, FirstKept firstKept, LastKept lastKept)
+{
+  const unsigned length = buffer->length();
+  if (length == 0)
+    return buffer->addRef();
+  const unsigned first = mode == IStringEnum::trailing ? 1 : firstKept();
+  if (first == 0)
+    return buffer->null()->addRef();
+  const unsigned last = mode == IStringEnum::leading ? length : lastKept();
+  if (first == 1 && last == length)
+    return buffer->addRef();
+  return buffer->newBuffer(buffer->contents() + (first - 1), last - (first - 1), nullptr, 0, nullptr, 0, 0);
+}
+
+}  // namespace
+
+IBuffer* IBuffer::strip(const char* pChars, unsigned count, IStringEnum::StripMode mode)
+{
+  return stripEnds(
+    this, mode, [&] { return indexOfAnyBut(pChars, count, 1); }, [&] { return lastIndexOfAnyBut(pChars, count, len); });
+}
+
+IBuffer* IBuffer::strip(const IStringTest& aTest, IStringEnum::StripMode mode)
+{
+  return stripEnds(
+    this, mode, [&] { return indexOfAnyBut(aTest, 1); }, [&] { return lastIndexOfAnyBut(aTest, len); });
+}
+
+// ---- change ----
+
+namespace {
+
+/// The occurrences of a pattern in a buffer, one after the other. They do not overlap.
+class Occurrences {
+public:
+  Occurrences(const IBuffer& searched, const char* pPattern, unsigned length, unsigned startPos, unsigned limit)
+    : buffer(searched), pattern(pPattern), patternLength(length), from(startPos), left(limit)
+  {
+  }
+
+  /// The position of the next occurrence, or 0 when there is none or enough were found.
+  unsigned next()
+  {
+    if (left == 0)
+      return 0;
+    --left;
+    const unsigned found = buffer.indexOf(pattern, patternLength, from);
+    if (found == 0)
+      left = 0;
+    from = found + patternLength;
+    return found;
+  }
+
+private:
+  const IBuffer& buffer;
+  const char* pattern;
+  unsigned patternLength;
+  unsigned from;
+  unsigned left;
+};
+
+unsigned changedLength(unsigned length, unsigned count, unsigned patternLen, unsigned replacementLen)
+{
+  if (replacementLen <= patternLen)
+    return length - count * (patternLen - replacementLen);
+  return IBuffer::checkAddition(length, IBuffer::checkMultiplication(count, replacementLen - patternLen));
+}
+
+}  // namespace
+
+// A pass over the occurrences where the length stays; otherwise one to count them, and one to build the result.
+IBuffer* IBuffer::change(const char* pPattern, unsigned patternLen, const char* pReplacement, unsigned replacementLen,
+                         unsigned startPos, unsigned numChanges)
+{
+  const StableText pattern(pPattern, patternLen, *this);
+  const StableText replacement(pReplacement, replacementLen, *this);
+  const Occurrences all(*this, pattern.get(), patternLen, startPos, numChanges);
+
+  Occurrences counting = all;
+  const unsigned first = counting.next();
+  if (first == 0)
+    return addRef();
+
+  if (patternLen == replacementLen) {
+    IBuffer* const result = editable(this);
+    for (unsigned pos = first; pos != 0; pos = counting.next())
+      std::memcpy(result->contents() + (pos - 1), replacement.get(), replacementLen);
+    return result;
+  }
+
+  unsigned count = 1;
+  while (counting.next() != 0)
+    ++count;
+  IBuffer* const result = unfilled(*this, changedLength(len, count, patternLen, replacementLen));
+  char* end = result->contents();
+  const auto append = [&end](const char* text, unsigned length) {
+    if (length > 0)
+      std::memcpy(end, text, length);
+    end += length;
+  };
+  unsigned done = 0;
+  Occurrences filling = all;
+  for (unsigned pos = filling.next(); pos != 0; pos = filling.next()) {
+    append(contents() + done, pos - 1 - done);
+    append(replacement.get(), replacementLen);
+    done = pos - 1 + patternLen;
+  }
+  append(contents() + done, len - done);
+  return result;
+}
