@@ -1,0 +1,21 @@
+/// @file quelmcl.hpp
+/// Everything the Quelm Class Library offers. A program that uses a few classes only includes their headers instead.
+#ifndef QUELMCL_QUELMCL_HPP
+#define QUELMCL_QUELMCL_HPP
+
+#include <quelmcl/i0string.hpp>
+#include <quelmcl/ibase.hpp>
+#include <quelmcl/ibuffer.hpp>
+#include <quelmcl/idbcsb.hpp>
+#include <quelmcl/idefs.hpp>
+#include <quelmcl/ierrinfo.hpp>
+#include <quelmcl/iexcbase.hpp>
+#include <quelmcl/iexcept.hpp>
+#include <quelmcl/imsgtext.hpp>
+#include <quelmcl/iplatfrm.hpp>
+#include <quelmcl/istrenum.hpp>
+#include <quelmcl/istring.hpp>
+#include <quelmcl/istrtest.hpp>
+#include <quelmcl/ivbase.hpp>
+
+#endif
