@@ -6,16 +6,17 @@
 ///     path.subString(4);       // "lib"
 ///     path.indexOf('x');       // I0String::notFound
 ///
-/// Only positions differ. Lengths, counts and word numbers are the same in both classes, and what takes or gives no position is
-/// inherited. An operation inherited from IString returns an IString&, on which positions count from 1 again.
+/// Only positions differ. Lengths, counts and word numbers are the same in both classes, and what takes or gives no
+/// position is inherited. An operation inherited from IString returns an IString&, on which positions count from 1
+/// again.
 #ifndef QUELMCL_I0STRING_HPP
 #define QUELMCL_I0STRING_HPP
 
 #include <quelmcl/istring.hpp>
 
-/// The zero-based string. Every operation here shifts positions by one and calls the operation of the same name of IString, where
-/// its results, failures and costs are told. The shift wraps around on purpose: a search that finds nothing gives `notFound`, and
-/// a backward search from `notFound` finds nothing.
+/// The zero-based string. Every operation here shifts positions by one and calls the operation of the same name of
+/// IString, where its results, failures and costs are told. The shift wraps around on purpose: a search that finds
+/// nothing gives `notFound`, and a backward search from `notFound` finds nothing.
 class QUELMCL_API I0String : public IString {
 public:
   /// What a search gives when there is nothing to give.
@@ -51,6 +52,22 @@ public:
            char padCharacter = ' ');
   template <class Length, class = typename std::enable_if<quelmcl::detail::IsWideLength<Length>::value>::type>
   I0String(const void* p1, Length len1, char padCharacter = ' ') : IString(p1, len1, padCharacter)
+  {
+  }
+  template <class Length1, class Length2,
+            class = typename std::enable_if<quelmcl::detail::IsWideLength<Length1>::value ||
+                                            quelmcl::detail::IsWideLength<Length2>::value>::type>
+  I0String(const void* p1, Length1 len1, const void* p2, Length2 len2, char padCharacter = ' ')
+    : IString(p1, len1, p2, len2, padCharacter)
+  {
+  }
+  template <class Length1, class Length2, class Length3,
+            class = typename std::enable_if<quelmcl::detail::IsWideLength<Length1>::value ||
+                                            quelmcl::detail::IsWideLength<Length2>::value ||
+                                            quelmcl::detail::IsWideLength<Length3>::value>::type>
+  I0String(const void* p1, Length1 len1, const void* p2, Length2 len2, const void* p3, Length3 len3,
+           char padCharacter = ' ')
+    : IString(p1, len1, p2, len2, p3, len3, padCharacter)
   {
   }
   virtual ~I0String();

@@ -1,18 +1,19 @@
 /// @file ibuffer.hpp
 /// IBuffer, the reference-counted storage behind strings, for texts in which every byte is a character.
 ///
-/// Applications use IString; a buffer is seen by those who extend the library. A buffer is one block of storage: this record and,
-/// directly behind it, the text and a NUL. It is created holding one reference, shared by every string that copies it, and frees
-/// itself when the last reference goes. While it is shared its text never changes. All empty strings share a null buffer.
+/// Applications use IString; a buffer is seen by those who extend the library. A buffer is one block of storage: this
+/// record and, directly behind it, the text and a NUL. It is created holding one reference, shared by every string
+/// that copies it, and frees itself when the last reference goes. While it is shared its text never changes. All
+/// empty strings share a null buffer.
 ///
-/// Positions are 1-based bytes, lengths are bytes; both are 32 bits wide on every target. Editing operations return a buffer that
-/// carries one reference for the caller: this one (its count raised by one) when nothing changes or a sole owner was edited in
-/// place, else a new one, else the null buffer. They leave this buffer as it was when they throw: IInvalidRequest 1010 for a
-/// length that no buffer can hold, IOutOfMemory or std::bad_alloc for an exhausted heap. Pointer arguments may point into this
-/// buffer's own text.
+/// Positions are 1-based bytes, lengths are bytes; both are 32 bits wide on every target. Editing operations return a
+/// buffer that carries one reference for the caller: this one (its count raised by one) when nothing changes or a
+/// sole owner was edited in place, else a new one, else the null buffer. They leave this buffer as it was when they
+/// throw: IInvalidRequest 1010 for a length that no buffer can hold, IOutOfMemory or std::bad_alloc for an exhausted
+/// heap. Pointer arguments may point into this buffer's own text.
 ///
-/// Buffers that share nothing may be used by different threads at once, the null buffer included; a buffer that several threads
-/// share needs a lock of the callers' around every use.
+/// Buffers that share nothing may be used by different threads at once, the null buffer included; a buffer that
+/// several threads share needs a lock of the callers' around every use.
 #ifndef QUELMCL_IBUFFER_HPP
 #define QUELMCL_IBUFFER_HPP
 
@@ -21,8 +22,8 @@
 
 #include <cstddef>
 
-/// The buffer of the single-byte kind and base of the multi-byte kind. The order of its virtual operations and of its fields is
-/// part of the binary interface.
+/// The buffer of the single-byte kind and base of the multi-byte kind. The order of its virtual operations and of its
+/// fields is part of the binary interface.
 class QUELMCL_API IBuffer : public IVBase {
 public:
   /// How this text compares with another.
@@ -35,8 +36,9 @@ public:
   IBuffer(const IBuffer&) = delete;
   IBuffer& operator=(const IBuffer&) = delete;
 
-  /// The class name, the address in decimal digits, the count, the length and the text: `IBuffer(@134520840,refs=2,len=5,
-  /// data=[hello])`. A text of 24 bytes or more shows its first and last ten only, a shorter one ends at its first NUL.
+  /// The class name, the address in decimal digits, the count, the length and the text:
+  /// `IBuffer(@134520840,refs=2,len=5, data=[hello])`. A text of 24 bytes or more shows its first and last ten only,
+  /// a shorter one ends at its first NUL.
   IString asDebugInfo() const override;
 
   /// @name Characters and comparison
@@ -48,13 +50,14 @@ public:
   virtual char* next(const char* p);
   /// The same for a constant buffer.
   virtual const char* next(const char* p) const;
-  /// Compares this text with `len` bytes at `p`, as unsigned bytes; with an equal common part the shorter one is less. A null
-  /// `p` is less than everything. Cost: the common part.
+  /// Compares this text with `len` bytes at `p`, as unsigned bytes; with an equal common part the shorter one is
+  /// less. A null `p` is less than everything. Cost: the common part.
   virtual Comparison compare(const void* p, unsigned len) const;
   /// Exactly `len` bytes from `startPos` on (0 means 1), filled with `padCharacter` where the text has ended.
   virtual IBuffer* subString(unsigned startPos, unsigned len, char padCharacter) const;
 
-  // Whether every character belongs to a class of the current locale; no for an empty text. isASCII: every byte below 0x80.
+  // Whether every character belongs to a class of the current locale; no for an empty text. isASCII: every byte below
+  // 0x80.
   virtual int isAlphanumeric() const;
   virtual int isAlphabetic() const;
   virtual int isASCII() const;
@@ -68,8 +71,8 @@ public:
   virtual int isUpperCase() const;
   virtual int isWhiteSpace() const;
 
-  // Of how many bytes the characters are. This kind answers without looking: all are of one byte, none of several, and what
-  // asks for validity or for some single byte is told yes.
+  // Of how many bytes the characters are. This kind answers without looking: all are of one byte, none of several,
+  // and what asks for validity or for some single byte is told yes.
   virtual int isMBCS() const;
   virtual int isDBCS() const;
   virtual int isSBCS() const;
@@ -81,10 +84,11 @@ public:
   /// @}
 
   /// @name Searching
-  /// Each returns the 1-based position of what it found, or 0. Forward searches begin at `startPos` (0 means 1) and find nothing
-  /// from beyond the end; backward searches begin there or, from beyond the end, at the end, and find nothing from 0. Sets and
-  /// texts may hold NUL bytes. An empty text is never found, and neither is a member of an empty set; the first character
-  /// outside of an empty set is the one at the start. No search throws or allocates; all are linear in the text.
+  /// Each returns the 1-based position of what it found, or 0. Forward searches begin at `startPos` (0 means 1) and
+  /// find nothing from beyond the end; backward searches begin there or, from beyond the end, at the end, and find
+  /// nothing from 0. Sets and texts may hold NUL bytes. An empty text is never found, and neither is a member of an
+  /// empty set; the first character outside of an empty set is the one at the start. No search throws or allocates;
+  /// all are linear in the text.
   /// @{
   virtual unsigned indexOf(const char* pSearchString, unsigned searchLen, unsigned startPos) const;
   virtual unsigned indexOf(const IStringTest& test, unsigned startPos) const;
@@ -101,8 +105,8 @@ public:
   /// @}
 
   /// @name Editing
-  /// What each does to a text is told at the operation of the same name of IString. Case mapping, reversal, translation and
-  /// changes of equal length edit a sole owner in place.
+  /// What each does to a text is told at the operation of the same name of IString. Case mapping, reversal,
+  /// translation and changes of equal length edit a sole owner in place.
   /// @{
   virtual IBuffer* center(unsigned newLength, char padCharacter);
   virtual IBuffer* change(const char* pPattern, unsigned patternLen, const char* pReplacement, unsigned replacementLen,
@@ -132,15 +136,17 @@ public:
   /// @name Life cycle
   /// @{
 
-  /// A new buffer of `newLen` bytes, holding one reference: NUL behind its text, the text itself not filled in. Deliberate: of
-  /// the multi-byte kind whenever the locale in force has multi-byte characters, although this buffer is not.
+  /// A new buffer of `newLen` bytes, holding one reference: NUL behind its text, the text itself not filled in.
+  /// Deliberate: of the multi-byte kind whenever the locale in force has multi-byte characters, although this buffer
+  /// is not.
   virtual IBuffer* allocate(unsigned newLen) const;
   /// "IBuffer". Kinds are told apart by the address of this text.
   virtual const char* className() const;
 
-  /// A buffer of up to three pieces, one after the other, each `padCharacter` over its length where its pointer is null. It is
-  /// made by allocate(), holds one reference and belongs to the caller. Without any bytes it is the null buffer of this kind,
-  /// with one reference more; nothing is allocated then. Throws IInvalidRequest 1010 when the lengths do not add up in 32 bits.
+  /// A buffer of up to three pieces, one after the other, each `padCharacter` over its length where its pointer is
+  /// null. It is made by allocate(), holds one reference and belongs to the caller. Without any bytes it is the null
+  /// buffer of this kind, with one reference more; nothing is allocated then. Throws IInvalidRequest 1010 when the
+  /// lengths do not add up in 32 bits.
   IBuffer* newBuffer(const void* p1, unsigned len1, const void* p2, unsigned len2, const void* p3, unsigned len3,
                      char padCharacter) const;
 
@@ -172,14 +178,14 @@ public:
 
   /// The null buffer of this buffer's kind; no reference is added.
   IBuffer* null() const;
-  /// The null buffer of the kind chosen for this process, made at the first call; no reference is added. The kind follows the
-  /// locale in force at that moment: multi-byte when its characters may have several bytes.
+  /// The null buffer of the kind chosen for this process, made at the first call; no reference is added. The kind
+  /// follows the locale in force at that moment: multi-byte when its characters may have several bytes.
   static IBuffer* defaultBuffer();
-  /// Makes `newDefault` the default null buffer, taking the caller's reference over, and gives back the one to the old default.
-  /// Strings made from then on start from it. Needs a lock when other threads use strings.
+  /// Makes `newDefault` the default null buffer, taking the caller's reference over, and gives back the one to the
+  /// old default. Strings made from then on start from it. Needs a lock when other threads use strings.
   static void setDefaultBuffer(IBuffer* newDefault);
-  /// Makes a default null buffer of the kind that the locale in force asks for (and, beside a multi-byte one, the single-byte
-  /// null buffer) and returns it, holding one reference.
+  /// Makes a default null buffer of the kind that the locale in force asks for (and, beside a multi-byte one, the
+  /// single-byte null buffer) and returns it, holding one reference.
   static IBuffer* initialize();
 
   /// a + b. Throws IInvalidRequest 1010 when the sum is 4294967295 or more, so that a NUL always fits behind it.
@@ -205,11 +211,13 @@ protected:
   char data[1];  // the text goes on behind the record, in the same block
 
 private:
-  // Plain loads and stores on every processor of this library, but no data race when threads copy empty strings at once.
+  // Plain loads and stores on every processor of this library, but no data race when threads copy empty strings at
+  // once.
   void setUseCount(unsigned count) noexcept { __atomic_store_n(&refs, count, __ATOMIC_RELAXED); }
   void release() noexcept;
 
-  // Where the text begins in a block. The same in every buffer; offsetof is not meant for classes with virtual operations.
+  // Where the text begins in a block. The same in every buffer; offsetof is not meant for classes with virtual
+  // operations.
   enum : std::size_t { offsetOfText = sizeof(void*) + 2 * sizeof(unsigned) };
 
   static IBuffer* nullBuffer;

@@ -5,8 +5,8 @@
 
 #include <quelmcl/ibuffer.hpp>
 
-/// The buffer of the multi-byte kind. It is chosen for the process when the locale in force at the first string has multi-byte
-/// characters, and allocates buffers of its own kind only.
+/// The buffer of the multi-byte kind. It is chosen for the process when the locale in force at the first string has
+/// multi-byte characters, and allocates buffers of its own kind only.
 class QUELMCL_API IDBCSBuffer : public IBuffer {
 public:
   /// A new multi-byte buffer of `newLen` bytes, holding one reference, its text not filled in.

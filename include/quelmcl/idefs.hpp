@@ -7,17 +7,17 @@
 #define QUELMCL_VERSION_MAJOR 310
 #define QUELMCL_VERSION_MINOR 2
 
-/// Marks what the shared library offers to others: everything else in it stays hidden. Exported classes carry their type
-/// information with them, so that they can be thrown, caught and derived from across library borders. The same header serves
-/// the static library, where the mark does no harm.
+/// Marks what the shared library offers to others: everything else in it stays hidden. Exported classes carry their
+/// type information with them, so that they can be thrown, caught and derived from across library borders. The same
+/// header serves the static library, where the mark does no harm.
 #define QUELMCL_API __attribute__((visibility("default")))
 
-/// Marks functions whose result is all that they give. A static editing form that is called through an object by mistake
-/// (`text.strip(set)`) changes nothing; a compiler that sees the dropped result says so.
+/// Marks functions whose result is all that they give. A static editing form that is called through an object by
+/// mistake (`text.strip(set)`) changes nothing; a compiler that sees the dropped result says so.
 #define QUELMCL_NODISCARD __attribute__((warn_unused_result))
 
-/// Some classes have a fixed table of virtual operations without room for a virtual destructor. These two silence the one
-/// warning that follows from it, around such a class only.
+/// Some classes have a fixed table of virtual operations without room for a virtual destructor. These two silence the
+/// one warning that follows from it, around such a class only.
 #define QUELMCL_NO_VIRTUAL_DESTRUCTOR_BEGIN \
   _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Wnon-virtual-dtor\"")
 #define QUELMCL_NO_VIRTUAL_DESTRUCTOR_END _Pragma("GCC diagnostic pop")

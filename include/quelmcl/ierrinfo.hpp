@@ -5,8 +5,8 @@
 
 #include <quelmcl/ivbase.hpp>
 
-/// Text and number of a failed call into an outside service, caught at the moment of the failure. Derived classes say which
-/// service; `throwError` turns the information into an exception of the library.
+/// Text and number of a failed call into an outside service, caught at the moment of the failure. Derived classes say
+/// which service; `throwError` turns the information into an exception of the library.
 class QUELMCL_API IBaseErrorInfo : public IVBase {
 public:
   /// Chooses the class of exception to throw.
@@ -34,8 +34,9 @@ public:
   /// Non-zero when the service gave information about the error.
   virtual int isAvailable() const = 0;
 
-  /// Logs and throws the exception that `name` selects, with this object's text and error id, the group `errorGroup` (not
-  /// copied, may be null) and the location. A `name` outside of the enumeration throws nothing: the function returns.
+  /// Logs and throws the exception that `name` selects, with this object's text and error id, the group `errorGroup`
+  /// (not copied, may be null) and the location. A `name` outside of the enumeration throws nothing: the function
+  /// returns.
   void throwError(const IExceptionLocation& location, ExceptionType name = accessError,
                   IException::Severity severity = IException::recoverable,
                   const char* errorGroup = IException::baseLibrary);

@@ -9,13 +9,14 @@
 
 #include <quelmcl/idefs.hpp>
 
-/// Loads one message by number and owns its text. Loading never throws, so that it can be used while an exception is built; a
-/// message that cannot be loaded reads "Unable to load text from message file.".
+/// Loads one message by number and owns its text. Loading never throws, so that it can be used while an exception is
+/// built; a message that cannot be loaded reads "Unable to load text from message file.".
 class QUELMCL_API IMessageText {
 public:
-  /// Message `messageId` of set 1 of the catalog `messageFileName` (as catopen takes it; null: no catalog). In the message, %1 to
-  /// %9 stand for the texts given, up to the first null one; any other percent sign stays as it is, and %% stays %%. One pair of
-  /// carriage return and line feed at the end is left out. Cost: the catalog is opened, read and closed.
+  /// Message `messageId` of set 1 of the catalog `messageFileName` (as catopen takes it; null: no catalog). In the
+  /// message, %1 to %9 stand for the texts given, up to the first null one; any other percent sign stays as it is,
+  /// and %% stays %%. One pair of carriage return and line feed at the end is left out. Cost: the catalog is opened,
+  /// read and closed.
   IMessageText(unsigned long messageId, const char* messageFileName, const char* textInsert1 = nullptr,
                const char* textInsert2 = nullptr, const char* textInsert3 = nullptr, const char* textInsert4 = nullptr,
                const char* textInsert5 = nullptr, const char* textInsert6 = nullptr, const char* textInsert7 = nullptr,
@@ -30,8 +31,8 @@ public:
   /// The same as text().
   operator const char*() const noexcept { return pClText; }
 
-  /// Replaces the fallback sentence by a copy of `defaultText`. A text that came from the catalog stays, and so does the old one
-  /// when `defaultText` is null or there is no storage. Returns this.
+  /// Replaces the fallback sentence by a copy of `defaultText`. A text that came from the catalog stays, and so does
+  /// the old one when `defaultText` is null or there is no storage. Returns this.
   IMessageText& setDefaultText(const char* defaultText);
 
 private:

@@ -1,5 +1,6 @@
 /// @file istring.hpp
-/// IString, the text value: reference-counted, copy-on-write, with operations to search, edit, split and compare texts.
+/// IString, the text value: reference-counted, copy-on-write, with operations to search, edit, split and compare
+/// texts.
 ///
 ///     IString line("  alpha beta\tgamma  ");
 ///     line.numWords();                          // 3
@@ -8,23 +9,24 @@
 ///     line.strip().change("a", "A").space();    // "AlphA betA gAmmA": editing operations change the string and chain
 ///     IString::upperCase(line);                 // their static forms leave it alone and return a changed copy
 ///
-/// **Positions** are bytes counted from 1 and 32 bits wide on every target. As a result 0 means "none". Positions and lengths out
-/// of range are no errors: they are clamped, padded, or give 0 or the empty string, as each operation says. The one exception is
-/// reading a single byte past the end.
+/// **Positions** are bytes counted from 1 and 32 bits wide on every target. As a result 0 means "none". Positions and
+/// lengths out of range are no errors: they are clamped, padded, or give 0 or the empty string, as each operation
+/// says. The one exception is reading a single byte past the end.
 ///
-/// **Sharing.** A string is one pointer to a shared buffer. Copying costs one increment, whatever the length; the text is copied
-/// when one of the sharers changes. Strings that share no text may be used by different threads at once, empty ones included;
-/// strings that were copied from one another need the caller's lock. `IString mine((const char*)theirs, theirs.length())` is a
-/// private copy to hand to another thread.
+/// **Sharing.** A string is one pointer to a shared buffer. Copying costs one increment, whatever the length; the
+/// text is copied when one of the sharers changes. Strings that share no text may be used by different threads at
+/// once, empty ones included; strings that were copied from one another need the caller's lock. `IString mine((const
+/// char*)theirs, theirs.length())` is a private copy to hand to another thread.
 ///
-/// **Pointers** to the text live until the string changes or ends. Arguments may point into the text of the string that is being
-/// changed; they are read to the end before it is let go.
+/// **Pointers** to the text live until the string changes or ends. Arguments may point into the text of the string
+/// that is being changed; they are read to the end before it is let go.
 ///
-/// **Texts** may hold NUL bytes; only what takes a NUL-terminated `const char*` stops at one. A null `const char*` is the empty
-/// text everywhere.
+/// **Texts** may hold NUL bytes; only what takes a NUL-terminated `const char*` stops at one. A null `const char*` is
+/// the empty text everywhere.
 ///
-/// **Failures.** IInvalidRequest 1010 when a result would be longer than 4294967274 bytes, IOutOfMemory or std::bad_alloc when
-/// the heap is exhausted. The string is then as it was before; only stream input may leave it shortened.
+/// **Failures.** IInvalidRequest 1010 when a result would be longer than 4294967274 bytes, IOutOfMemory or
+/// std::bad_alloc when the heap is exhausted. The string is then as it was before; only stream input may leave it
+/// shortened.
 #ifndef QUELMCL_ISTRING_HPP
 #define QUELMCL_ISTRING_HPP
 
@@ -46,7 +48,8 @@ enum : unsigned { allOfIt = 4294967295u };
 /// Chooses the overloads for lengths of more bits than a string's own, which are checked before they are used.
 template <class Length>
 struct IsWideLength
-  : std::integral_constant<bool, std::is_integral<Length>::value && (sizeof(Length) > sizeof(unsigned))> {};
+  : std::integral_constant<bool, std::is_integral<Length>::value && (sizeof(Length) > sizeof(unsigned))> {
+};
 
 /// `length` as a string's length. Throws IInvalidRequest 1010 when it does not fit, rather than cutting it.
 template <class Length>
@@ -73,8 +76,9 @@ public:
   static const char* const maxLong;  ///< the text "2147483647L", with its letter
 
   /// @name Construction
-  /// A number becomes its decimal text (a double with up to 15 significant digits, as "%.15g" prints it in the locale in force), a
-  /// character a text of one byte, a pointer the bytes up to its first NUL. Cost: one allocation, none for the empty text.
+  /// A number becomes its decimal text (a double with up to 15 significant digits, as "%.15g" prints it in the locale
+  /// in force), a character a text of one byte, a pointer the bytes up to its first NUL. Cost: one allocation, none
+  /// for the empty text.
   /// @{
   IString();
   IString(const IString& source) noexcept : IBase(source), pBuffer(source.pBuffer) { buffer()->addRef(); }
@@ -158,8 +162,9 @@ public:
   /// @name Access
   /// @{
 
-  /// The text, followed by a NUL; it may hold NULs of its own, so measure it with length(). The pointer belongs to this string
-  /// and ends with its next change, assignment or destruction. Never write through it: other strings may share these bytes.
+  /// The text, followed by a NUL; it may hold NULs of its own, so measure it with length(). The pointer belongs to
+  /// this string and ends with its next change, assignment or destruction. Never write through it: other strings may
+  /// share these bytes.
   operator char*() const noexcept { return pBuffer; }
   /// The same, as unsigned bytes.
   operator unsigned char*() const noexcept { return reinterpret_cast<unsigned char*>(pBuffer); }
@@ -171,8 +176,8 @@ public:
   /// The number of bytes.
   unsigned size() const noexcept { return buffer()->length(); }
 
-  /// The decimal number at the front of the text, after white space; what follows it is ignored. 0 when there is none, the
-  /// nearest value of the type when it does not fit (a negative number is 0 for asUnsigned).
+  /// The decimal number at the front of the text, after white space; what follows it is ignored. 0 when there is
+  /// none, the nearest value of the type when it does not fit (a negative number is 0 for asUnsigned).
   long asInt() const;
   /// \copydoc asInt
   unsigned long asUnsigned() const;
@@ -190,9 +195,9 @@ public:
   const char& operator[](int pos) const;
   const char& operator[](unsigned long pos) const;
   const char& operator[](long pos) const;
-  /// The byte at `pos`, 0 meaning 1, to write. The string takes a private copy of its text first when it is shared, and becomes
-  /// longer, by blanks, when `pos` is past its end. Throws IInvalidRequest 1011 for a negative position. The reference ends with the
-  /// next change; a string copied from this one meanwhile would change with it.
+  /// The byte at `pos`, 0 meaning 1, to write. The string takes a private copy of its text first when it is shared,
+  /// and becomes longer, by blanks, when `pos` is past its end. Throws IInvalidRequest 1011 for a negative position.
+  /// The reference ends with the next change; a string copied from this one meanwhile would change with it.
   char& operator[](unsigned pos);
   char& operator[](int pos);
   char& operator[](unsigned long pos);
@@ -200,13 +205,15 @@ public:
 
   /// From `startPos` to the end; empty when it is past the end. Deliberate: from 0 it is the whole text and one blank.
   IString subString(unsigned startPos) const;
-  /// Exactly `len` bytes from `startPos` on (0 means 1), filled with `padCharacter` where the text has ended: a start past the
-  /// end gives `len` pad characters, a `len` of 0 the empty string. One allocation, one copy; none when empty.
+  /// Exactly `len` bytes from `startPos` on (0 means 1), filled with `padCharacter` where the text has ended: a start
+  /// past the end gives `len` pad characters, a `len` of 0 the empty string. One allocation, one copy; none when
+  /// empty.
   IString subString(unsigned startPos, unsigned len, char padCharacter = ' ') const;
   /// @}
 
   /// @name Questions about the whole text
-  /// Truth values. Those about a class of characters ask the C library under the locale in force and are 0 for the empty text.
+  /// Truth values. Those about a class of characters ask the C library under the locale in force and are 0 for the
+  /// empty text.
   /// @{
   int isAlphanumeric() const;  ///< letters and digits only
   int isAlphabetic() const;    ///< letters only
@@ -233,8 +240,9 @@ public:
   /// What the byte at `pos` (1 to length) is.
   IStringEnum::CharType charType(unsigned pos) const;
 
-  /// Whether the whole text matches a pattern in which `zeroOrMore` stands for any bytes, also none, and `anyChar` for exactly
-  /// one. A text equal to the pattern always matches. Cost: in practice the text once, at worst text times pattern.
+  /// Whether the whole text matches a pattern in which `zeroOrMore` stands for any bytes, also none, and `anyChar`
+  /// for exactly one. A text equal to the pattern always matches. Cost: in practice the text once, at worst text
+  /// times pattern.
   int isLike(const IString& aPattern, char zeroOrMore = '*', char anyChar = '?') const;
   int isLike(const char* pPattern, char zeroOrMore = '*', char anyChar = '?') const;
 
@@ -244,9 +252,10 @@ public:
   /// @}
 
   /// @name Searching
-  /// The position of what is sought, or 0. A forward search begins at `startPos` (0 means 1), a backward one ends no later than
-  /// there (from 0 it finds nothing; past the end means the end). What is sought is a text, one byte, the bytes of a set, or what
-  /// passes a test. The empty text and members of an empty set are never found. No allocation; linear in the text, whatever it is.
+  /// The position of what is sought, or 0. A forward search begins at `startPos` (0 means 1), a backward one ends no
+  /// later than there (from 0 it finds nothing; past the end means the end). What is sought is a text, one byte, the
+  /// bytes of a set, or what passes a test. The empty text and members of an empty set are never found. No
+  /// allocation; linear in the text, whatever it is.
   /// @{
   unsigned indexOf(const IString& aString, unsigned startPos = 1) const;
   unsigned indexOf(const char* pString, unsigned startPos = 1) const;
@@ -283,7 +292,8 @@ public:
   unsigned lastIndexOfAnyOf(char searchChar, unsigned startPos = quelmcl::detail::allOfIt) const;
   unsigned lastIndexOfAnyOf(const IStringTest& aTest, unsigned startPos = quelmcl::detail::allOfIt) const;
 
-  /// How often the text occurs from `startPos` on, occurrences not overlapping; or how many bytes are the character or pass.
+  /// How often the text occurs from `startPos` on, occurrences not overlapping; or how many bytes are the character
+  /// or pass.
   unsigned occurrencesOf(const IString& aString, unsigned startPos = 1) const;
   unsigned occurrencesOf(const char* pString, unsigned startPos = 1) const;
   unsigned occurrencesOf(char aCharacter, unsigned startPos = 1) const;
@@ -292,17 +302,18 @@ public:
 
   /// @name Editing
   /// Each changes this string and returns it. A result equal to the old text costs nothing; otherwise the cost is one
-  /// allocation and one copy of the result, and a text that is not shared is edited in place where its length stays: case
-  /// mapping, reversal, translation, changes of equal length. The static forms leave their argument alone and return a changed
-  /// copy; they take every text as an IString, so literals do, too.
+  /// allocation and one copy of the result, and a text that is not shared is edited in place where its length stays:
+  /// case mapping, reversal, translation, changes of equal length. The static forms leave their argument alone and
+  /// return a changed copy; they take every text as an IString, so literals do, too.
   /// @{
 
-  /// Puts the text in the middle of `newLength` bytes, between pad characters or with both ends cut; what cannot be shared out
-  /// equally is added or cut on the right.
+  /// Puts the text in the middle of `newLength` bytes, between pad characters or with both ends cut; what cannot be
+  /// shared out equally is added or cut on the right.
   IString& center(unsigned newLength, char padCharacter = ' ');
 
-  /// Replaces occurrences of the pattern, from `startPos` on (0 means 1), `numChanges` of them at most. They do not overlap, and
-  /// replacements are not searched again. An empty pattern changes nothing. Linear in the text and the result.
+  /// Replaces occurrences of the pattern, from `startPos` on (0 means 1), `numChanges` of them at most. They do not
+  /// overlap, and replacements are not searched again. An empty pattern changes nothing. Linear in the text and the
+  /// result.
   IString& change(const IString& pattern, const IString& replacement, unsigned startPos = 1,
                   unsigned numChanges = quelmcl::detail::allOfIt);
   IString& change(const IString& pattern, const char* pReplacement, unsigned startPos = 1,
@@ -315,7 +326,8 @@ public:
   /// Makes the text `numCopies` times itself; 0 empties it.
   IString& copy(unsigned numCopies);
 
-  /// Inserts after position `index` (0: at the front). Past the end the text is first filled up to `index` with pad characters.
+  /// Inserts after position `index` (0: at the front). Past the end the text is first filled up to `index` with pad
+  /// characters.
   IString& insert(const IString& aString, unsigned index = 0, char padCharacter = ' ');
   IString& insert(const char* pString, unsigned index = 0, char padCharacter = ' ');
 
@@ -324,8 +336,8 @@ public:
   /// Makes the letters A to Z small; bytes above 0x7F stay, whatever the locale.
   IString& lowerCase();
 
-  /// Writes over the text from `index` on (0 means 1), beyond its end if need be. Past the end the text is first filled up to
-  /// `index` - 1 with pad characters.
+  /// Writes over the text from `index` on (0 means 1), beyond its end if need be. Past the end the text is first
+  /// filled up to `index` - 1 with pad characters.
   IString& overlayWith(const IString& aString, unsigned index = 1, char padCharacter = ' ');
   IString& overlayWith(const char* pString, unsigned index = 1, char padCharacter = ' ');
 
@@ -339,8 +351,9 @@ public:
   /// Makes the text `newLength` bytes long, adding pad characters or cutting on the left.
   IString& rightJustify(unsigned newLength, char padCharacter = ' ');
 
-  /// Removes from the ends that `mode` names all that is white space (isspace), is the character, is in the set, or passes the
-  /// test. A set held in an IString needs its mode: `s.strip(set)` would be the static form, of which the compiler warns.
+  /// Removes from the ends that `mode` names all that is white space (isspace), is the character, is in the set, or
+  /// passes the test. A set held in an IString needs its mode: `s.strip(set)` would be the static form, of which the
+  /// compiler warns.
   IString& strip();
   IString& strip(char aCharacter, IStringEnum::StripMode mode = IStringEnum::both);
   IString& strip(const IString& characters, IStringEnum::StripMode mode);
@@ -357,8 +370,8 @@ public:
   IString& stripTrailing(const char* pCharacters);
   IString& stripTrailing(const IStringTest& aTest);
 
-  /// Replaces every byte that is in the input list by the byte at the same place of the output list, or by the pad character
-  /// where that list is shorter. If a byte is listed twice, its first place counts.
+  /// Replaces every byte that is in the input list by the byte at the same place of the output list, or by the pad
+  /// character where that list is shorter. If a byte is listed twice, its first place counts.
   IString& translate(const IString& inputChars, const IString& outputChars, char padCharacter = ' ');
   IString& translate(const IString& inputChars, const char* pOutputChars, char padCharacter = ' ');
   IString& translate(const char* pInputChars, const IString& outputChars, char padCharacter = ' ');
@@ -398,9 +411,9 @@ public:
   /// @}
 
   /// @name Words
-  /// A word is a run of characters without white space; white space is tab, line feed, vertical tab, form feed, carriage return
-  /// and blank, in every locale. Words count from 1. A word that does not exist gives 0, the empty string, or no change. Linear in
-  /// the text, without recursion.
+  /// A word is a run of characters without white space; white space is tab, line feed, vertical tab, form feed,
+  /// carriage return and blank, in every locale. Words count from 1. A word that does not exist gives 0, the empty
+  /// string, or no change. Linear in the text, without recursion.
   /// @{
 
   /// The number of words. Allocates nothing.
@@ -415,9 +428,9 @@ public:
   unsigned long indexOfWord(unsigned long wordNumber) const { return indexOfWord(wordNumber, 1, 0); }
   /// The length of the word in bytes; 0 for word 0.
   unsigned long lengthOfWord(unsigned long wordNumber) const;
-  /// The position where the words of `aPhrase` stand one after the other, at or after word `startWord`, whatever white space is
-  /// between them. Upper and lower case differ. An empty phrase is found at `startWord` if that is at most one past the last
-  /// word. Cost: two lists of the words, for the length of the call.
+  /// The position where the words of `aPhrase` stand one after the other, at or after word `startWord`, whatever
+  /// white space is between them. Upper and lower case differ. An empty phrase is found at `startWord` if that is at
+  /// most one past the last word. Cost: two lists of the words, for the length of the call.
   unsigned long indexOfPhrase(const IString& aPhrase, unsigned long startWord = 1) const
   {
     return findPhrase(aPhrase, startWord, charIndex);
@@ -445,8 +458,9 @@ public:
 
   /// The text's bytes as hexadecimal digits, two a byte, capital letters.
   IString& c2x();
-  /// Decimal digits as the bytes of that number, the most significant first, no leading zero bytes (zero is one byte). A text that
-  /// is not all digits becomes empty. Deliberate: the first ten digits count as 2147483647 when they are more than that.
+  /// Decimal digits as the bytes of that number, the most significant first, no leading zero bytes (zero is one
+  /// byte). A text that is not all digits becomes empty. Deliberate: the first ten digits count as 2147483647 when
+  /// they are more than that.
   IString& d2c();
   QUELMCL_NODISCARD static IString c2x(const IString& aString);
   QUELMCL_NODISCARD static IString d2c(const IString& aString);
@@ -462,8 +476,8 @@ public:
   IString& operator+=(const IString& aString);
   IString& operator+=(const char* pString);
 
-  /// A copy of this text, every byte combined with one of the argument, which is repeated as often as needed. The length stays; an
-  /// empty argument changes nothing.
+  /// A copy of this text, every byte combined with one of the argument, which is repeated as often as needed. The
+  /// length stays; an empty argument changes nothing.
   IString operator&(const IString& aString) const;
   IString operator&(const char* pString) const;
   IString operator|(const IString& aString) const;
@@ -481,15 +495,17 @@ public:
   IString operator~() const;
   /// @}
 
-  /// The next line of the stream: what stands before `delimiter`, which is taken out of the stream, or before its end. Empty when
-  /// there is nothing left to read; the state of the stream tells. May hold NUL bytes. Throws only for lack of storage.
+  /// The next line of the stream: what stands before `delimiter`, which is taken out of the stream, or before its
+  /// end. Empty when there is nothing left to read; the state of the stream tells. May hold NUL bytes. Throws only
+  /// for lack of storage.
   static IString lineFrom(std::istream& aStream, char delimiter = '\n');
 
 protected:
   /// @name Building blocks for derived classes
   /// @{
 
-  /// Points this string at a new buffer of three pieces, made by the present buffer. The reference to the old one is not given back.
+  /// Points this string at a new buffer of three pieces, made by the present buffer. The reference to the old one is
+  /// not given back.
   void initBuffer(const void* p1, unsigned len1, const void* p2 = nullptr, unsigned len2 = 0, const void* p3 = nullptr,
                   unsigned len3 = 0, char padCharacter = ' ');
   void initBuffer(long number);
@@ -557,8 +573,8 @@ private:
 
 /// Writes the text up to its first NUL byte, as the stream writes a C text: width and fill are obeyed.
 QUELMCL_API std::ostream& operator<<(std::ostream& aStream, const IString& aString);
-/// Reads one word: skips white space if the stream does, then takes what comes before the next white space, at most width - 1
-/// bytes when the stream has a width. Leaves the string empty when there is nothing to read.
+/// Reads one word: skips white space if the stream does, then takes what comes before the next white space, at most
+/// width - 1 bytes when the stream has a width. Leaves the string empty when there is nothing to read.
 QUELMCL_API std::istream& operator>>(std::istream& aStream, IString& aString);
 
 QUELMCL_API IString operator+(const char* pString, const IString& aString);
@@ -582,16 +598,16 @@ typename std::enable_if<std::is_same<Character, char>::value, IString>::type ope
   return IString(aCharacter) + aString;
 }
 template <class Number>
-typename std::enable_if<std::is_arithmetic<Number>::value && !std::is_same<Number, char>::value, IString>::type operator+(
-  const IString& aString, Number number) = delete;
+typename std::enable_if<std::is_arithmetic<Number>::value && !std::is_same<Number, char>::value, IString>::type
+operator+(const IString& aString, Number number) = delete;
 template <class Number>
-typename std::enable_if<std::is_arithmetic<Number>::value && !std::is_same<Number, char>::value, IString>::type operator+(
-  Number number, const IString& aString) = delete;
+typename std::enable_if<std::is_arithmetic<Number>::value && !std::is_same<Number, char>::value, IString>::type
+operator+(Number number, const IString& aString) = delete;
 /// @}
 
 /// @name Comparison
-/// By unsigned bytes, NUL bytes included; with an equal common part the shorter text is less. A null pointer is the empty text.
-/// The templates are for texts in writable arrays, which would otherwise be ambiguous.
+/// By unsigned bytes, NUL bytes included; with an equal common part the shorter text is less. A null pointer is the
+/// empty text. The templates are for texts in writable arrays, which would otherwise be ambiguous.
 /// @{
 QUELMCL_API int operator==(const IString& left, const IString& right);
 QUELMCL_API int operator!=(const IString& left, const IString& right);
@@ -615,18 +631,18 @@ QUELMCL_API int operator>(const char* left, const IString& right);
 QUELMCL_API int operator>=(const char* left, const IString& right);
 
 /// Declares a comparison for `char*` on either side.
-#define QUELMCL_COMPARE_WRITABLE(op)                                                                                \
-  template <class Character>                                                                                        \
-  typename std::enable_if<std::is_same<Character, char>::value, int>::type operator op(const IString& left,         \
-                                                                                       Character* right)            \
-  {                                                                                                                 \
-    return left op static_cast<const char*>(right);                                                                 \
-  }                                                                                                                 \
-  template <class Character>                                                                                        \
-  typename std::enable_if<std::is_same<Character, char>::value, int>::type operator op(Character* left,             \
-                                                                                       const IString& right)        \
-  {                                                                                                                 \
-    return static_cast<const char*>(left) op right;                                                                 \
+#define QUELMCL_COMPARE_WRITABLE(op)                                                                         \
+  template <class Character>                                                                                 \
+  typename std::enable_if<std::is_same<Character, char>::value, int>::type operator op(const IString& left,  \
+                                                                                       Character* right)     \
+  {                                                                                                          \
+    return left op static_cast<const char*>(right);                                                          \
+  }                                                                                                          \
+  template <class Character>                                                                                 \
+  typename std::enable_if<std::is_same<Character, char>::value, int>::type operator op(Character* left,      \
+                                                                                       const IString& right) \
+  {                                                                                                          \
+    return static_cast<const char*>(left) op right;                                                          \
   }
 QUELMCL_COMPARE_WRITABLE(==)
 QUELMCL_COMPARE_WRITABLE(!=)

@@ -12,12 +12,12 @@
 
 #include <quelmcl/ivbase.hpp>
 
-/// A predicate over single characters. Bytes 0x80 to 0xFF reach it as negative numbers. It holds a pointer to a function or, in
-/// derived classes, whatever these put there; it owns nothing.
+/// A predicate over single characters. Bytes 0x80 to 0xFF reach it as negative numbers. It holds a pointer to a
+/// function or, in derived classes, whatever these put there; it owns nothing.
 class QUELMCL_API IStringTest : public IVBase {
 public:
-  /// What kind of test is held. The base class calls a `c` function; the other kinds are for derived classes, which override
-  /// `test`.
+  /// What kind of test is held. The base class calls a `c` function; the other kinds are for derived classes, which
+  /// override `test`.
   enum FnType { user = 0, c = 1, cpp = 2, memFn = 3, cMemFn = 4 };
 
   /// The test that calls `cFn` and passes where it returns non-zero. Deliberately implicit: `text.indexOf(isdigit)`.

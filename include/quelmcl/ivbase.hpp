@@ -5,8 +5,8 @@
 
 #include <quelmcl/ibase.hpp>
 
-/// Adds a virtual destructor and virtual text forms to IBase. These are the first three virtual operations of every class
-/// derived from it, in this order.
+/// Adds a virtual destructor and virtual text forms to IBase. These are the first three virtual operations of every
+/// class derived from it, in this order.
 class QUELMCL_API IVBase : public IBase {
 public:
   IVBase() = default;
@@ -16,7 +16,8 @@ public:
 
   /// The object as text; "IVBase object" unless a class overrides it.
   virtual IString asString() const;
-  /// The object as its programmer wants to see it; "IVBase(@", the address in hexadecimal digits, ")" unless overridden.
+  /// The object as its programmer wants to see it; "IVBase(@", the address in hexadecimal digits, ")" unless
+  /// overridden.
   virtual IString asDebugInfo() const;
 };
 

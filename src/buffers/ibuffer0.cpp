@@ -1,5 +1,5 @@
-// ibuffer0.cpp - IBuffer, life cycle: blocks, references, null buffers, the choice of the kind, length limits, debug text.
-// (Digit 0 is always the life cycle: docs/architecture.md)
+// ibuffer0.cpp - IBuffer, life cycle: blocks, references, null buffers, the choice of the kind, length limits, debug
+// text. (Digit 0 is always the life cycle: docs/architecture.md)
 // Tests: tests/buffers/life_cycle_test.cpp
 #include <quelmcl/ibuffer.hpp>
 #include <quelmcl/idbcsb.hpp>
@@ -41,8 +41,8 @@ IBuffer* publishOnce(IBuffer*& place, IBuffer* made)
   return first;
 }
 
-/// Null buffers that setDefaultBuffer has replaced and that strings may still share. No list until there is one, and the list is
-/// never destroyed, since strings may end after it.
+/// Null buffers that setDefaultBuffer has replaced and that strings may still share. No list until there is one, and
+/// the list is never destroyed, since strings may end after it.
 std::vector<IBuffer*>* formerNullBuffers = nullptr;
 
 void noteFormerNullBuffer(IBuffer* former)
@@ -52,8 +52,8 @@ void noteFormerNullBuffer(IBuffer* former)
   formerNullBuffers->push_back(former);
 }
 
-/// Whether a buffer on which no reference is counted any more must stay because it was a null buffer. Threads count on null
-/// buffers without a lock, so once there were threads a count of 0 does not prove that no string holds it.
+/// Whether a buffer on which no reference is counted any more must stay because it was a null buffer. Threads count
+/// on null buffers without a lock, so once there were threads a count of 0 does not prove that no string holds it.
 bool mayStillBeHeld(IBuffer* uncounted)
 {
   if (formerNullBuffers == nullptr)
@@ -80,7 +80,8 @@ IBuffer::~IBuffer() = default;
 
 void* IBuffer::operator new(std::size_t size, unsigned newLen)
 {
-  static_assert(longestText <= SIZE_MAX - offsetOfText - 1, "the size of the longest text's block must not wrap around");
+  static_assert(longestText <= SIZE_MAX - offsetOfText - 1,
+                "the size of the longest text's block must not wrap around");
   if (newLen > longestText)
     overflow();
   return ::operator new(std::max(size, offsetOfText + std::size_t{newLen} + 1));
@@ -167,8 +168,8 @@ void IBuffer::setDefaultBuffer(IBuffer* newDefault)
 
 void IBuffer::release() noexcept
 {
-  const bool isNullBuffer = this == __atomic_load_n(&nullBuffer, __ATOMIC_RELAXED) ||
-                            this == __atomic_load_n(&nullIBuffer, __ATOMIC_RELAXED);
+  const bool isNullBuffer =
+    this == __atomic_load_n(&nullBuffer, __ATOMIC_RELAXED) || this == __atomic_load_n(&nullIBuffer, __ATOMIC_RELAXED);
   if (!isNullBuffer && !mayStillBeHeld(this))
     delete this;
 }
@@ -200,9 +201,9 @@ IString IBuffer::asDebugInfo() const
 {
   constexpr unsigned shownWhole = 23;
   constexpr unsigned shownOfEachEnd = 10;
-  const IString text = len > shownWhole ? IString(contents(), shownOfEachEnd, "...", 3,
-                                                  contents() + len - shownOfEachEnd, shownOfEachEnd)
-                                        : IString(contents());
+  const IString text =
+    len > shownWhole ? IString(contents(), shownOfEachEnd, "...", 3, contents() + len - shownOfEachEnd, shownOfEachEnd)
+                     : IString(contents());
   return className() + ("(@" + quelmcl::detail::decimalAddress(this)) + ",refs=" + IString(useCount()) +
          ",len=" + IString(len) + ",data=[" + text + "])";
 }

@@ -1,5 +1,5 @@
-// ibuffer1.cpp - IBuffer, tests and character rules: classes of characters, and what is easy to say where every byte is a
-// character. (Digit 1 is always tests: docs/architecture.md)
+// ibuffer1.cpp - IBuffer, tests and character rules: classes of characters, and what is easy to say where every byte
+// is a character. (Digit 1 is always tests: docs/architecture.md)
 // Tests: tests/buffers/classification_test.cpp
 #include <quelmcl/ibuffer.hpp>
 

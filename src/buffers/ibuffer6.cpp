@@ -26,8 +26,7 @@ template <class Claim>
 unsigned firstFrom(const IBuffer& buffer, unsigned start, Claim claim)
 {
   const unsigned skipped = start - 1;
-  const std::size_t offset =
-    quelmcl::detail::firstWhere(buffer.contents() + skipped, buffer.length() - skipped, claim);
+  const std::size_t offset = quelmcl::detail::firstWhere(buffer.contents() + skipped, buffer.length() - skipped, claim);
   return offset == nowhere ? 0 : positionOf(skipped + offset);
 }
 
@@ -115,7 +114,8 @@ unsigned IBuffer::indexOfAnyOf(const char* pValidChars, unsigned numValidChars, 
     return 0;
   if (numValidChars > 1)
     return firstFrom(*this, start, isIn(ByteSet(pValidChars, numValidChars)));
-  const void* const found = std::memchr(contents() + start - 1, static_cast<unsigned char>(*pValidChars), len - start + 1);
+  const void* const found =
+    std::memchr(contents() + start - 1, static_cast<unsigned char>(*pValidChars), len - start + 1);
   return found == nullptr ? 0 : positionOf(static_cast<std::size_t>(static_cast<const char*>(found) - contents()));
 }
 

@@ -1,5 +1,5 @@
-// ibuffer7.cpp - IBuffer, editing: each operation returns the buffer that a string is to hold afterwards. (Digit 7 is always
-// editing: docs/architecture.md)
+// ibuffer7.cpp - IBuffer, editing: each operation returns the buffer that a string is to hold afterwards. (Digit 7 is
+// always editing: docs/architecture.md)
 // Tests: tests/buffers/editing_test.cpp
 #include <quelmcl/ibuffer.hpp>
 
@@ -16,7 +16,8 @@ const char upperLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 const char lowerLetters[] = "abcdefghijklmnopqrstuvwxyz";
 constexpr unsigned letterCount = 26;
 
-/// What is to be written to in place of `buffer`: itself, with one more reference, when it has a sole owner, else a copy.
+/// What is to be written to in place of `buffer`: itself, with one more reference, when it has a sole owner, else a
+/// copy.
 IBuffer* editable(IBuffer* buffer)
 {
   if (buffer->useCount() < 2)
@@ -65,7 +66,7 @@ IBuffer* IBuffer::center(unsigned newLength, char padCharacter)
   }
 
   const unsigned pad = newLength - len;
-  const unsigned padLeft = pad >> 1;                  // an odd pad puts its extra byte on the right
+  const unsigned padLeft = pad >> 1;  // an odd pad puts its extra byte on the right
   return newBuffer(nullptr, padLeft, contents(), len, nullptr, pad - padLeft, padCharacter);
 }
 

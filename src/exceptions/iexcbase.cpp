@@ -1,4 +1,5 @@
-// iexcbase.cpp - the exception family: texts, locations, the report of a logged exception and the hook that receives it.
+// iexcbase.cpp - the exception family: texts, locations, the report of a logged exception and the hook that receives
+// it.
 // Tests: tests/exceptions/exception_test.cpp, tests/exceptions/report_test.cpp
 #include <quelmcl/iexcbase.hpp>
 
@@ -33,7 +34,8 @@ const char* IExceptionLocation::functionName() const noexcept
 
 // ---- one level of text ----
 
-IExcText::IExcText(const char* text, const IExcText* next) : pszClMsg(nullptr), msgtxtClNext(const_cast<IExcText*>(next))
+IExcText::IExcText(const char* text, const IExcText* next)
+  : pszClMsg(nullptr), msgtxtClNext(const_cast<IExcText*>(next))
 {
   const NewHandlerPause pause;
   pszClMsg = copyText(text);
@@ -64,8 +66,8 @@ void IExcText::appendText(const char* text)
   pszClMsg = joined;
 }
 
-// Copies `source` and all older levels into this level, which is still empty. At the first text or level without storage the
-// rest of the source changes hands instead; each text then still has one owner.
+// Copies `source` and all older levels into this level, which is still empty. At the first text or level without
+// storage the rest of the source changes hands instead; each text then still has one owner.
 void IExcText::copyOrTakeOver(IExcText& source)
 {
   IExcText* from = &source;
@@ -355,7 +357,8 @@ struct StandardErrorSink {
 };
 
 template <class Sink>
-void writeReport(const IException& exception, const TextsOldestFirst& texts, const ReportFormats& formats, const Sink& sink)
+void writeReport(const IException& exception, const TextsOldestFirst& texts, const ReportFormats& formats,
+                 const Sink& sink)
 {
   if (const IExceptionLocation* const newest = newestLocation(exception))
     sink.line(formats.header, exception.name(), newest->functionName(), printable(newest->fileName()),
@@ -419,16 +422,16 @@ void IException::TraceFn::logData(IException& exception)
 
 // ---- the classes that differ in their name alone ----
 
-#define QUELMCL_DEFINE_EXCEPTION_CLASS(Class, Base)                                              \
+#define QUELMCL_DEFINE_EXCEPTION_CLASS(Class, Base)                                             \
   Class::Class(const char* exceptionText, unsigned long errorId, IException::Severity severity) \
-    : Base(exceptionText, errorId, severity)                                                     \
-  {                                                                                              \
-  }                                                                                              \
-  Class::Class(const Class&) = default;                                                          \
-  Class::~Class() = default;                                                                     \
-  const char* Class::name() const                                                                \
-  {                                                                                              \
-    return #Class;                                                                               \
+    : Base(exceptionText, errorId, severity)                                                    \
+  {                                                                                             \
+  }                                                                                             \
+  Class::Class(const Class&) = default;                                                         \
+  Class::~Class() = default;                                                                    \
+  const char* Class::name() const                                                               \
+  {                                                                                             \
+    return #Class;                                                                              \
   }
 
 QUELMCL_DEFINE_EXCEPTION_CLASS(IAccessError, IException)

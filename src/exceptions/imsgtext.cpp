@@ -58,7 +58,8 @@ unsigned long variableAt(const char* p, unsigned long known)
   return number <= known ? number : 0;
 }
 
-/// Calls `literal(p, length)` for what stays of a message and `variable(number)` for what is replaced, from left to right.
+/// Calls `literal(p, length)` for what stays of a message and `variable(number)` for what is replaced, from left to
+/// right.
 template <class Literal, class Variable>
 void scanMessage(const char* text, unsigned long known, Literal literal, Variable variable)
 {
@@ -70,8 +71,8 @@ void scanMessage(const char* text, unsigned long known, Literal literal, Variabl
       p += 2;
       continue;
     }
-    // Deliberate: a doubled percent sign stays doubled, it only keeps its second half from beginning a variable; and whatever
-    // else follows a percent sign stays with it.  Test: MessageText.ADoubledPercentSignStaysDoubled
+    // Deliberate: a doubled percent sign stays doubled, it only keeps its second half from beginning a variable; and
+    // whatever else follows a percent sign stays with it.  Test: MessageText.ADoubledPercentSignStaysDoubled
     const std::size_t length = p[0] == '%' && p[1] != '\0' ? 2 : 1;
     literal(p, length);
     p += length;
@@ -179,7 +180,8 @@ IMessageText IBase::messageText(unsigned long messageId, const char* textInsert1
                       textInsert6, textInsert7, textInsert8, textInsert9);
 }
 
-// The name is stored at the first need, by whichever thread comes first; without storage for it the answer is still right.
+// The name is stored at the first need, by whichever thread comes first; without storage for it the answer is still
+// right.
 const char* IBase::messageFile()
 {
   if (char* const known = __atomic_load_n(&msgFile, __ATOMIC_ACQUIRE))

@@ -1,5 +1,5 @@
-// quietstorage.hpp - storage for exceptions and messages: it is asked for without ever throwing, since it is asked for while
-// something else has already failed.
+// quietstorage.hpp - storage for exceptions and messages: it is asked for without ever throwing, since it is asked
+// for while something else has already failed.
 #ifndef QUELMCL_SRC_EXCEPTIONS_QUIETSTORAGE_HPP
 #define QUELMCL_SRC_EXCEPTIONS_QUIETSTORAGE_HPP
 
@@ -8,8 +8,8 @@
 
 namespace quelmcl::detail {
 
-/// Suspends the process's new-handler and puts it back on every path. A handler that reports exhausted storage by an exception of
-/// this library would otherwise be entered again by the very work of reporting it.
+/// Suspends the process's new-handler and puts it back on every path. A handler that reports exhausted storage by an
+/// exception of this library would otherwise be entered again by the very work of reporting it.
 class NewHandlerPause {
 public:
   NewHandlerPause() noexcept : suspended(std::set_new_handler(nullptr)) {}

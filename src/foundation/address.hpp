@@ -8,8 +8,8 @@
 
 namespace quelmcl::detail {
 
-/// The address in hexadecimal digits, two a byte. At 32 bits it goes through IString::d2c, which takes anything above 2147483647
-/// as that number.
+/// The address in hexadecimal digits, two a byte. At 32 bits it goes through IString::d2c, which takes anything above
+/// 2147483647 as that number.
 IString hexAddress(const void* object);
 
 /// The address in decimal digits.

@@ -38,7 +38,8 @@ IString hexAddress(const void* object)
   if constexpr (sizeof address == 4)
     return IString(static_cast<unsigned long>(address)).d2c().c2x();
 
-  // d2c stops at 31 bits, so wider addresses take the same way without it: the bytes, most significant first, as digits.
+  // d2c stops at 31 bits, so wider addresses take the same way without it: the bytes, most significant first, as
+  // digits.
   unsigned char bytes[sizeof address];
   for (std::size_t i = 0; i < sizeof address; ++i)
     bytes[i] = static_cast<unsigned char>(address >> (8 * (sizeof address - 1 - i)));

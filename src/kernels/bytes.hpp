@@ -31,8 +31,8 @@ void complementBytes(const char* from, std::size_t length, char* to) noexcept;
 /// What a translation makes of each byte.
 class ByteMap {
 public:
-  /// Members of the input list become the byte at the same place of the output list, or `pad` where that list is shorter; the
-  /// first place of a byte that is listed twice counts. All other bytes stay.
+  /// Members of the input list become the byte at the same place of the output list, or `pad` where that list is
+  /// shorter; the first place of a byte that is listed twice counts. All other bytes stay.
   ByteMap(const char* input, std::size_t inputLength, const char* output, std::size_t outputLength, char pad) noexcept;
   void apply(char* text, std::size_t length) const noexcept;
 
@@ -45,7 +45,8 @@ void andBytes(char* text, std::size_t length, const char* key, std::size_t keyLe
 void orBytes(char* text, std::size_t length, const char* key, std::size_t keyLength) noexcept;
 void exclusiveOrBytes(char* text, std::size_t length, const char* key, std::size_t keyLength) noexcept;
 
-/// Fills `text` with repetitions of its first `unitLength` bytes (at least one), in as many copies as it takes to double.
+/// Fills `text` with repetitions of its first `unitLength` bytes (at least one), in as many copies as it takes to
+/// double.
 void repeatBytes(char* text, std::size_t unitLength, std::size_t length) noexcept;
 
 }  // namespace quelmcl::detail

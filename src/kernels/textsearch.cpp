@@ -1,5 +1,5 @@
-// textsearch.cpp - text search: the C library finds candidates by their first byte, and a linear-time algorithm takes over when
-// too many of them fail.
+// textsearch.cpp - text search: the C library finds candidates by their first byte, and a linear-time algorithm takes
+// over when too many of them fail.
 // Tests: tests/kernels/textsearch_test.cpp
 #include "kernels/textsearch.hpp"
 
@@ -32,9 +32,10 @@ private:
 
 /// The two-way algorithm of Crochemore and Perrin ("Two-way string-matching", Journal of the ACM 38, 1991).
 ///
-/// The needle is cut at a critical place, where its local period is its period. The right half is compared first, from left to
-/// right; a mismatch there moves the needle behind it. Then the left half is compared from right to left; a mismatch there moves
-/// the needle by its period. Time: at most two comparisons a byte of the text and some five a byte of the needle; no storage.
+/// The needle is cut at a critical place, where its local period is its period. The right half is compared first,
+/// from left to right; a mismatch there moves the needle behind it. Then the left half is compared from right to
+/// left; a mismatch there moves the needle by its period. Time: at most two comparisons a byte of the text and some
+/// five a byte of the needle; no storage.
 template <class Reading>
 class TwoWay {
 public:
@@ -55,7 +56,8 @@ public:
   /// How many bytes into the reading of the text the first occurrence begins, or nowhere.
   std::size_t find(Reading text, std::size_t length) const noexcept
   {
-    std::size_t known = 0;  // so many bytes at the front of the needle are known to match, from the last move by a period
+    std::size_t known =
+      0;  // so many bytes at the front of the needle are known to match, from the last move by a period
     for (std::size_t at = 0; at + needleLength <= length;) {
       std::size_t right = std::max(cut, known);
       while (right < needleLength && needle[right] == text[at + right])
@@ -118,11 +120,12 @@ private:
   bool isPeriodic;
 };
 
-/// How much candidates may cost before the linear algorithm takes over: a fixed price a byte of progress, and something to begin
-/// with, so that short searches never pay for its preparation.
+/// How much candidates may cost before the linear algorithm takes over: a fixed price a byte of progress, and
+/// something to begin with, so that short searches never pay for its preparation.
 class Patience {
 public:
-  /// Notes a candidate that failed after at most `compared` bytes, `progress` bytes into the text. False when it is enough.
+  /// Notes a candidate that failed after at most `compared` bytes, `progress` bytes into the text. False when it is
+  /// enough.
   bool bears(std::size_t compared, std::size_t progress) noexcept
   {
     spent += compared;
@@ -155,7 +158,8 @@ std::size_t findText(const char* text, std::size_t length, const char* needle, s
       return at;
     if (!patience.bears(needleLength, at)) {
       const std::size_t rest = length - at;
-      const std::size_t found = TwoWay(Forward(needle, needleLength), needleLength).find(Forward(text + at, rest), rest);
+      const std::size_t found =
+        TwoWay(Forward(needle, needleLength), needleLength).find(Forward(text + at, rest), rest);
       return found == nowhere ? nowhere : at + found;
     }
   }
@@ -176,7 +180,8 @@ std::size_t findLastText(const char* text, std::size_t length, const char* needl
     if (matches(text + left, needle, needleLength))
       return left;
     if (!patience.bears(needleLength, starts - left)) {
-      const std::size_t rest = left + needleLength - 1;  // what the needle still fits into, ending before this candidate's end
+      const std::size_t rest =
+        left + needleLength - 1;  // what the needle still fits into, ending before this candidate's end
       const std::size_t found = TwoWay(Backward(needle, needleLength), needleLength).find(Backward(text, rest), rest);
       return found == nowhere ? nowhere : rest - found - needleLength;
     }

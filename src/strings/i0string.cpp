@@ -79,8 +79,8 @@ long shifted(long pos)
   return static_cast<long>(static_cast<unsigned long>(pos) + 1);
 }
 
-/// A position of `unsigned long` width as a 1-based one. Where such a number is wider than a position, what no position can be
-/// stays as it is.
+/// A position of `unsigned long` width as a 1-based one. Where such a number is wider than a position, what no
+/// position can be stays as it is.
 unsigned long shifted(unsigned long pos)
 {
   return pos <= I0String::notFound ? I0String::adjustArg(static_cast<unsigned>(pos)) : pos;
@@ -361,7 +361,8 @@ I0String& I0String::remove(unsigned startPos, unsigned numChars)
 
 // ---- static forms: the operation on a copy ----
 
-I0String I0String::change(const I0String& aString, const IString& pattern, const IString& replacement, unsigned startPos, unsigned numChanges)
+I0String I0String::change(const I0String& aString, const IString& pattern, const IString& replacement,
+                          unsigned startPos, unsigned numChanges)
 {
   return I0String(aString).change(pattern, replacement, startPos, numChanges);
 }

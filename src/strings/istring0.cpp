@@ -1,5 +1,5 @@
-// istring0.cpp - IString, life cycle: construction from everything, the copy-on-write step, numbers back from text, streams,
-// debug text. (Digit 0 is always the life cycle: docs/architecture.md)
+// istring0.cpp - IString, life cycle: construction from everything, the copy-on-write step, numbers back from text,
+// streams, debug text. (Digit 0 is always the life cycle: docs/architecture.md)
 // Tests: tests/strings/core_test.cpp, tests/strings/streams_test.cpp
 #include <quelmcl/istring.hpp>
 
@@ -103,7 +103,8 @@ void IString::initBuffer(unsigned long long number)
 template <class Number>
 void IString::initDigits(Number number)
 {
-  char digits[std::numeric_limits<Number>::digits10 + 2];  // one digit more than any value of as many can have, and a sign
+  char
+    digits[std::numeric_limits<Number>::digits10 + 2];  // one digit more than any value of as many can have, and a sign
   const std::to_chars_result end = std::to_chars(std::begin(digits), std::end(digits), number);
   initBuffer(digits, static_cast<unsigned>(end.ptr - digits));
 }
@@ -121,8 +122,8 @@ unsigned IString::lengthOf(const char* text)
   return text == nullptr ? 0 : quelmcl::detail::checkedLength(std::strlen(text));
 }
 
-// Points the string at the result of an edit, which carries a reference for it, and gives the one to the old text back. Nothing is
-// changed before the edit has succeeded, so one that throws leaves the string as it was.
+// Points the string at the result of an edit, which carries a reference for it, and gives the one to the old text
+// back. Nothing is changed before the edit has succeeded, so one that throws leaves the string as it was.
 IString& IString::adopt(IBuffer* edited) noexcept
 {
   IBuffer* const former = buffer();
@@ -245,8 +246,8 @@ std::istream& operator>>(std::istream& aStream, IString& aString)
     const std::size_t limit = width > 0 ? static_cast<std::size_t>(width) - 1 : std::string::npos;
     const std::locale locale = aStream.getloc();
     const int endOfFile = std::char_traits<char>::eof();
-    for (int next; word.size() < limit && (next = aStream.peek()) != endOfFile &&
-                   !std::isspace(static_cast<char>(next), locale);)
+    for (int next;
+         word.size() < limit && (next = aStream.peek()) != endOfFile && !std::isspace(static_cast<char>(next), locale);)
       word += static_cast<char>(aStream.get());
   }
   aString.remove(1) += IString(word.data(), word.size());

@@ -1,5 +1,5 @@
-// istring1.cpp - IString, tests: comparison, questions about all characters, wildcards and abbreviations. (Digit 1 is always
-// tests: docs/architecture.md)
+// istring1.cpp - IString, tests: comparison, questions about all characters, wildcards and abbreviations. (Digit 1 is
+// always tests: docs/architecture.md)
 // Tests: tests/strings/tests_test.cpp
 #include <quelmcl/istring.hpp>
 
@@ -17,7 +17,7 @@ IBuffer::Comparison compare(const IString& left, const char* right, std::size_t 
   const IBuffer* const buffer = IBuffer::fromContents(left);
   if (length > quelmcl::detail::allOfIt)  // longer than any string: no less than its longest part
     return buffer->compare(right, quelmcl::detail::allOfIt) == IBuffer::greaterThan ? IBuffer::greaterThan
-                                                                                      : IBuffer::lessThan;
+                                                                                    : IBuffer::lessThan;
   return buffer->compare(right, static_cast<unsigned>(length));
 }
 

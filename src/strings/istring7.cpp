@@ -1,5 +1,5 @@
-// istring7.cpp - IString, editing front-ends: nothing to do, or hold what the buffer makes of the text. (Digit 7 is always
-// editing: docs/architecture.md)
+// istring7.cpp - IString, editing front-ends: nothing to do, or hold what the buffer makes of the text. (Digit 7 is
+// always editing: docs/architecture.md)
 // Tests: tests/strings/editing_test.cpp
 #include <quelmcl/istring.hpp>
 
@@ -89,7 +89,8 @@ IString& IString::reverse()
 
 IString& IString::translate(const IString& inputChars, const IString& outputChars, char padCharacter)
 {
-  return translateBytes(inputChars.pBuffer, inputChars.length(), outputChars.pBuffer, outputChars.length(), padCharacter);
+  return translateBytes(inputChars.pBuffer, inputChars.length(), outputChars.pBuffer, outputChars.length(),
+                        padCharacter);
 }
 
 IString& IString::translate(const IString& inputChars, const char* pOutputChars, char padCharacter)
@@ -117,7 +118,8 @@ IString& IString::translateBytes(const char* pInputChars, unsigned inputLen, con
 
 IString& IString::change(const IString& pattern, const IString& replacement, unsigned startPos, unsigned numChanges)
 {
-  return changeBytes(pattern.pBuffer, pattern.length(), replacement.pBuffer, replacement.length(), startPos, numChanges);
+  return changeBytes(pattern.pBuffer, pattern.length(), replacement.pBuffer, replacement.length(), startPos,
+                     numChanges);
 }
 
 IString& IString::change(const IString& pattern, const char* pReplacement, unsigned startPos, unsigned numChanges)
@@ -221,7 +223,8 @@ IString IString::center(const IString& aString, unsigned newLength, char padChar
   return IString(aString).center(newLength, padCharacter);
 }
 
-IString IString::change(const IString& aString, const IString& pattern, const IString& replacement, unsigned startPos, unsigned numChanges)
+IString IString::change(const IString& aString, const IString& pattern, const IString& replacement, unsigned startPos,
+                        unsigned numChanges)
 {
   return IString(aString).change(pattern, replacement, startPos, numChanges);
 }
@@ -316,7 +319,8 @@ IString IString::stripTrailing(const IString& aString, const IStringTest& aTest)
   return IString(aString).stripTrailing(aTest);
 }
 
-IString IString::translate(const IString& aString, const IString& inputChars, const IString& outputChars, char padCharacter)
+IString IString::translate(const IString& aString, const IString& inputChars, const IString& outputChars,
+                           char padCharacter)
 {
   return IString(aString).translate(inputChars, outputChars, padCharacter);
 }

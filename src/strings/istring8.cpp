@@ -107,8 +107,8 @@ unsigned long IString::findPhrase(const IString& aPhrase, unsigned long startWor
   const unsigned presentCount = static_cast<unsigned>(present.size());
   const unsigned phraseCount = static_cast<unsigned>(phrase.size());
 
-  // Word numbers wrap around at 32 bits: a start so large that the phrase would end beyond the largest number finds it from the
-  // first word on.  Test: Phrases.AStartThatWrapsAroundSearchesFromTheFirstWord
+  // Word numbers wrap around at 32 bits: a start so large that the phrase would end beyond the largest number finds
+  // it from the first word on.  Test: Phrases.AStartThatWrapsAroundSearchesFromTheFirstWord
   for (unsigned at = static_cast<unsigned>(startWord); phraseCount + at - 1 <= presentCount; ++at) {
     const bool isPresent = phraseCount == 0 || (at >= 1 && at <= presentCount);
     if (!isPresent || !isPhraseAt(present.data() + (at - 1), pBuffer, phrase, aPhrase.pBuffer))

@@ -46,8 +46,8 @@ IString& IString::d2c()
   if (!isDigits())
     return *this = IString();
 
-  // As many digits as the text of the largest number has, without its letter, make the first word; those behind it follow one by
-  // one.
+  // As many digits as the text of the largest number has, without its letter, make the first word; those behind it
+  // follow one by one.
   const unsigned firstDigits = std::min(length(), static_cast<unsigned>(std::strlen(maxLong)) - 1);
   const std::uint32_t first = saturatedNumber(pBuffer, firstDigits);
   unsigned char bytes[bytesOfWord];
@@ -61,8 +61,8 @@ IString& IString::d2c()
   return *this = number.length() > 0 ? number : IString('\0');
 }
 
-// The byte string times ten, plus `digit`. A leading zero byte is added only when there is something to put into it: d2c strips
-// them all in the end.
+// The byte string times ten, plus `digit`. A leading zero byte is added only when there is something to put into it:
+// d2c strips them all in the end.
 void IString::binaryMath(unsigned char digit)
 {
   prepareToChange();
