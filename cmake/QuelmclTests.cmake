@@ -1,0 +1,69 @@
+# How tests are built and registered.
+
+# What a test may rely on: the C locale, this build's catalogs, and none of the caller's own settings for either.
+set(testEnvironment LANG=C LC_ALL=C "NLSPATH=${quelmcl_NLSPATH}")
+set(testEnvironmentChanges "KOLTA MSGFILE=unset:" LANGUAGE=unset:)
+
+# quelmcl_add_test(<folder> SOURCES <file>... [LIBRARY_SOURCES <file>...] [LOCALES <locale>...])
+#
+# Builds the test program of a folder and registers each of its tests once for every locale: plainly for C, with "utf8/" before the
+# name for C.UTF-8. A folder without sources yet is skipped. LIBRARY_SOURCES, relative to src/, are compiled into the program: what
+# the library does not export is tested that way.
+function(quelmcl_add_test folder)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARY_SOURCES;LOCALES" ${ARGN})
+  if(arg_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "quelmcl_add_test(${folder}): unknown arguments: ${arg_UNPARSED_ARGUMENTS}")
+  endif()
+  if(NOT arg_SOURCES)
+    return()
+  endif()
+  if(NOT arg_LOCALES)
+    set(arg_LOCALES C C.UTF-8)
+  endif()
+
+  # The library is tested as it is shipped; the tests themselves gain nothing from optimisation but a longer build.
+  set_property(SOURCE ${arg_SOURCES} APPEND PROPERTY COMPILE_OPTIONS -O0)
+
+  set(program test_${folder})
+  list(TRANSFORM arg_LIBRARY_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/src/)
+  add_executable(${program} ${arg_SOURCES} ${arg_LIBRARY_SOURCES})
+  quelmcl_own_target(${program})
+  target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/tests/support)
+  if(arg_LIBRARY_SOURCES)
+    target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR}/src)
+  endif()
+  target_link_libraries(${program} PRIVATE quelmcl::quelmcl quelmcl_test_main)
+  add_dependencies(${program} quelmcl_catalogs)
+
+  foreach(locale IN LISTS arg_LOCALES)
+    if(locale STREQUAL "C")
+      set(prefix ${folder}/)
+    else()
+      string(TOLOWER ${locale} prefix)
+      string(REGEX REPLACE "^c\\.|[^a-z0-9]" "" prefix ${prefix})
+      set(prefix ${prefix}/${folder}/)
+    endif()
+    string(MAKE_C_IDENTIFIER ${prefix}tests discovered)
+    # The values of parameters stay out of the names: they are texts with quotes and NULs.
+    gtest_discover_tests(${program}
+      TEST_PREFIX ${prefix} TEST_LIST ${discovered} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
+      PROPERTIES TIMEOUT 300 LABELS ${folder})
+    # The names are known when ctest starts, and so is the first moment for properties that are lists.
+    file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${discovered}.cmake @ONLY CONTENT [[
+set_tests_properties(${@discovered@} PROPERTIES
+  ENVIRONMENT "@testEnvironment@;QUELMCL_TEST_LOCALE=@locale@"
+  ENVIRONMENT_MODIFICATION "@testEnvironmentChanges@")
+]])
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${discovered}.cmake)
+  endforeach()
+endfunction()
+
+# quelmcl_add_command_test(<name> <command> [<argument>...]): a test that is a program or a script, in the same environment. Scripts
+# are given to bash by name, so that they need no execute permission.
+function(quelmcl_add_command_test name)
+  add_test(NAME ${name} COMMAND ${ARGN})
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT 900
+    ENVIRONMENT "${testEnvironment}"
+    ENVIRONMENT_MODIFICATION "${testEnvironmentChanges}")
+endfunction()

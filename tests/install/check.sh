@@ -1,0 +1,187 @@
+#!/usr/bin/env bash
+# check.sh - installs the library and uses it as a stranger would: with CMake, with pkg-config, moved elsewhere, as a part of another
+# project, and in the ways that must be refused.
+# usage: check.sh CHECK --source DIR --build DIR --work DIR --kind shared|static --width 32|64 --libdir DIR
+#                 --cmake PROGRAM --generator NAME --compiler PROGRAM --flags "FLAG..."
+set -euo pipefail
+export LC_ALL=C
+# An installed library must be found by what it installed, not by what the caller's shell happens to say.
+unset NLSPATH LD_LIBRARY_PATH PKG_CONFIG_PATH CMAKE_PREFIX_PATH quelmcl_DIR DESTDIR
+
+check=$1
+shift
+declare -A given
+while [ $# -gt 1 ]; do
+  given[${1#--}]=$2
+  shift 2
+done
+source=${given[source]} build=${given[build]} work=${given[work]} kind=${given[kind]} width=${given[width]}
+cmake=${given[cmake]} compiler=${given[compiler]} flags=${given[flags]}
+consumer=$source/tests/install/consumer
+prefix=$work/prefix
+
+fail() {
+  printf 'FAIL: %s\n' "$*"
+  exit 1
+}
+
+# Runs a command; shows what it printed only if it fails.
+quietly() { # COMMAND...
+  local log=$work/last-command.log
+  "$@" >"$log" 2>&1 && return
+  cat "$log"
+  fail "$*"
+}
+
+must_fail_saying() { # TEXT COMMAND...
+  local text=$1 output
+  shift
+  if output=$("$@" 2>&1); then fail "this should have been refused: $*"; fi
+  grep -qF -- "$text" <<<"$output" || fail "refused for another reason than \"$text\": $* said: $output"
+}
+
+install_to() { # PREFIX [BUILD]
+  quietly "$cmake" --install "${2:-$build}" --prefix "$1"
+}
+
+configure() { # BUILD SOURCE FLAGS [OPTION...]
+  local folder=$1 from=$2 with=$3
+  shift 3
+  "$cmake" -S "$from" -B "$folder" -G "${given[generator]}" -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_COMPILER=$compiler" \
+    "-DCMAKE_CXX_FLAGS=$with" "$@"
+}
+
+# The program prints a text, its length, the library's version, and an error's id with the message from the catalog.
+expected_output='HELLO 5
+version 310.2
+1011: A character was asked for at a position outside of the text.'
+
+must_print_the_expected() { # PROGRAM NLSPATH
+  local output
+  output=$(NLSPATH=$2 "$1" 2>"$work/stderr") || fail "$1 ended with status $?: $(cat "$work/stderr")"
+  [ "$output" = "$expected_output" ] || fail "$1 printed: $output"
+  # A language without a catalog gets the English texts.
+  output=$(LC_ALL='' LANG=xx_YY.UTF-8 NLSPATH=$2 "$1" 2>/dev/null)
+  [ "$output" = "$expected_output" ] || fail "$1 in an unknown language printed: $output"
+}
+
+needs_shared_library() { # PROGRAM
+  readelf -d "$1" | grep -qF 'Shared library: [libquelmcl.so.310]'
+}
+
+must_be_of_kind() { # PROGRAM shared|static
+  if [ "$2" = shared ]; then
+    needs_shared_library "$1" || fail "$1 does not use the shared library"
+  elif needs_shared_library "$1"; then
+    fail "$1 uses the shared library"
+  fi
+}
+
+with_cmake() { # PREFIX KIND [OPTION...]
+  local from=$1 wanted=$2 folder
+  shift 2
+  folder=$work/with-cmake-$wanted
+  quietly configure "$folder" "$consumer" "$flags" "-DCMAKE_PREFIX_PATH=$from" "$@"
+  quietly "$cmake" --build "$folder"
+  must_be_of_kind "$folder/consumer" "$wanted"
+  grep -q "^$from/" "$folder/catalog_dir.txt" || fail "quelmcl_CATALOG_DIR is not in $from: $(cat "$folder/catalog_dir.txt")"
+  must_print_the_expected "$folder/consumer" "$(cat "$folder/nlspath.txt")"
+}
+
+with_pkg_config() { # PREFIX KIND
+  local program=$work/with-pkg-config-$2 options=(--cflags --libs) words
+  export PKG_CONFIG_PATH=$1/${given[libdir]}/pkgconfig
+  [ "$2" = shared ] || options+=(--static)
+  [ "$(pkg-config --modversion quelmcl)" = 310.2 ] || fail "pkg-config knows another version"
+  words=$(pkg-config "${options[@]}" quelmcl) || fail "pkg-config does not know quelmcl"
+  # Both lists are words for the shell, without quotes in them.
+  # shellcheck disable=SC2086
+  quietly "$compiler" $flags -o "$program" "$consumer/main.cpp" $words
+  must_be_of_kind "$program" "$2"
+  LD_LIBRARY_PATH=$1/${given[libdir]} must_print_the_expected "$program" "$(pkg-config --variable=nlspath quelmcl)"
+}
+
+# ---- the checks ----
+
+# The tree holds what it should, the headers are those of the source, and no file but the libraries' own debug information knows
+# where it was built or installed.
+check_tree() {
+  install_to "$prefix"
+  local lib=$prefix/${given[libdir]} file
+  diff -r "$source/include/quelmcl" "$prefix/include/quelmcl" || fail "the installed headers differ from the source"
+  for file in share/locale/{C,en}/LC_MESSAGES/quelmcl.cat share/doc/quelmcl/{README.md,LICENSE,CHANGELOG.md}; do
+    [ -s "$prefix/$file" ] || fail "not installed: $file"
+  done
+  if grep -rlF -e "$prefix" -e "$source" -e "$build" "$lib/cmake" "$lib/pkgconfig" "$prefix/share"; then
+    fail "these files name the folder they were made in"
+  fi
+  [ "$kind" = shared ] || { [ -s "$lib/libquelmcl.a" ] || fail "not installed: libquelmcl.a"; return 0; }
+
+  [ "$(readlink "$lib/libquelmcl.so")" = libquelmcl.so.310 ] || fail "libquelmcl.so is not a link to libquelmcl.so.310"
+  [ "$(readlink "$lib/libquelmcl.so.310")" = libquelmcl.so.310.2 ] || fail "libquelmcl.so.310 is not a link to libquelmcl.so.310.2"
+  local dynamic
+  dynamic=$(readelf -dW "$lib/libquelmcl.so")
+  for file in 'soname: \[libquelmcl.so.310\]' 'NODELETE' 'BIND_NOW'; do
+    grep -q "$file" <<<"$dynamic" || fail "the shared library lacks: $file"
+  done
+  if grep -E 'R(UN)?PATH' <<<"$dynamic"; then fail "the shared library carries a search path"; fi
+}
+
+# One of each kind of build; the order of the two does not matter, so neither does which kind finds its headers warm.
+check_consumers() {
+  install_to "$prefix"
+  with_cmake "$prefix" "$kind"
+  with_pkg_config "$prefix" "$kind"
+}
+
+check_moved_consumers() {
+  install_to "$prefix"
+  mv "$prefix" "$work/moved here"
+  # A blank in the path is for CMake's package only: pkg-config's output is words for a shell.
+  with_cmake "$work/moved here" "$kind" "-DQUELMCL_COMPONENT=$kind"
+  mv "$work/moved here" "$work/moved-again"
+  with_pkg_config "$work/moved-again" "$kind"
+}
+
+check_refusals() {
+  install_to "$prefix"
+  local other_width=$((96 - width)) other_kind=shared
+  [ "$kind" = static ] || other_kind=static
+  local here=("-DCMAKE_PREFIX_PATH=$prefix")
+
+  for version in 309 311 310.3; do
+    must_fail_saying "$prefix/${given[libdir]}/cmake/quelmcl/quelmcl-config.cmake, version: 310.2" \
+      configure "$work/version-$version" "$consumer" "$flags" "${here[@]}" "-DQUELMCL_WANTED_VERSION=$version"
+  done
+  must_fail_saying "version: 310.2 (${width}bit)" \
+    configure "$work/other-width" "$consumer" "-m$other_width" "${here[@]}"
+  must_fail_saying "component \"$other_kind\" is not installed" \
+    configure "$work/other-kind" "$consumer" "$flags" "${here[@]}" "-DQUELMCL_COMPONENT=$other_kind"
+}
+
+# As a subproject we bring the library and nothing else. The parent here wants it static and installed, which also gives the static
+# package; put into one prefix with this build's own, a consumer gets the kind it asks for.
+check_subproject() {
+  local folder=$work/parent-build
+  quietly configure "$folder" "$consumer/parent" "$flags" "-DQUELMCL_SOURCE=$source"
+  quietly "$cmake" --build "$folder" --parallel 2
+  must_print_the_expected "$folder/parent_program" "$(cat "$folder/nlspath.txt")"
+  must_be_of_kind "$folder/parent_program" static
+  if find "$folder" -name '*gtest*' -o -name 'test_*' -o -name 'logreport*' | grep .; then fail "the subproject builds more than it should"; fi
+
+  install_to "$prefix" "$folder"
+  install_to "$prefix"
+  with_cmake "$prefix" static -DQUELMCL_COMPONENT=static
+  if [ "$kind" = shared ]; then
+    with_cmake "$prefix" shared -DQUELMCL_COMPONENT=shared
+    must_fail_saying 'exclude each other' \
+      configure "$work/both-kinds" "$consumer" "$flags" "-DCMAKE_PREFIX_PATH=$prefix" "-DQUELMCL_COMPONENT=shared;static"
+    rm "$prefix/${given[libdir]}"/libquelmcl.so*  # else the linker prefers it, and --static asks for the private libraries only
+  fi
+  with_pkg_config "$prefix" static
+}
+
+rm -rf "$work"
+mkdir -p "$work"
+"check_$check"
+printf '%s: as it should be\n' "$check"

@@ -1,0 +1,29 @@
+// main.cpp - the main function of every test program: sets the locale that the run is about, before the library is used at all. The
+// first string of a process decides for good how its strings see characters.
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+/// Whether the locale named by QUELMCL_TEST_LOCALE, if any, is in force now.
+bool setLocaleOfThisRun()
+{
+  const char* const wanted = std::getenv("QUELMCL_TEST_LOCALE");
+  if (wanted == nullptr || std::setlocale(LC_ALL, wanted) != nullptr)
+    return true;
+  std::fprintf(stderr, "The tests are to run in the locale %s, which this machine does not have.\n", wanted);
+  return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+  if (!setLocaleOfThisRun())
+    return EXIT_FAILURE;
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
