@@ -146,14 +146,14 @@ public:
   I0String& remove(unsigned startPos);
   I0String& remove(unsigned startPos, unsigned numChars);
 
-  QUELMCL_NODISCARD static I0String change(const I0String& aString, const IString& pattern, const IString& replacement,
+  QUELMCL_NODISCARD static I0String change(const IString& aString, const IString& pattern, const IString& replacement,
                                            unsigned startPos = 0, unsigned numChanges = quelmcl::detail::allOfIt);
-  QUELMCL_NODISCARD static I0String insert(const I0String& aString, const IString& anInsert, unsigned index = notFound,
+  QUELMCL_NODISCARD static I0String insert(const IString& aString, const IString& anInsert, unsigned index = notFound,
                                            char padCharacter = ' ');
-  QUELMCL_NODISCARD static I0String overlayWith(const I0String& aString, const IString& anOverlay, unsigned index = 0,
+  QUELMCL_NODISCARD static I0String overlayWith(const IString& aString, const IString& anOverlay, unsigned index = 0,
                                                 char padCharacter = ' ');
-  QUELMCL_NODISCARD static I0String remove(const I0String& aString, unsigned startPos);
-  QUELMCL_NODISCARD static I0String remove(const I0String& aString, unsigned startPos, unsigned numChars);
+  QUELMCL_NODISCARD static I0String remove(const IString& aString, unsigned startPos);
+  QUELMCL_NODISCARD static I0String remove(const IString& aString, unsigned startPos, unsigned numChars);
   /// @}
 
   /// @name The shift

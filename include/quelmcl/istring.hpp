@@ -549,8 +549,6 @@ private:
 
   static char* placeholder();
   static char* emptyText() noexcept;
-  void initBuffer(long long number);
-  void initBuffer(unsigned long long number);
   template <class Number>
   void initDigits(Number number);
   void prepareToChange();

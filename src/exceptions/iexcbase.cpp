@@ -1,6 +1,7 @@
 // iexcbase.cpp - the exception family: texts, locations, the report of a logged exception and the hook that receives
 // it.
-// Tests: tests/exceptions/exception_test.cpp, tests/exceptions/report_test.cpp
+// Tests: tests/exceptions/exception_*_test.cpp, report_test.cpp, report_without_storage_test.cpp, trace_function_test.cpp,
+// new_handler_test.cpp
 #include <quelmcl/iexcbase.hpp>
 
 #include "exceptions/quietstorage.hpp"

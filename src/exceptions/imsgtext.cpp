@@ -1,5 +1,5 @@
 // imsgtext.cpp - IMessageText, one message of a catalog, and the catalog that IBase keeps for the library.
-// Tests: tests/exceptions/message_text_test.cpp
+// Tests: tests/exceptions/message_text_test.cpp, message_file_test.cpp, shipped_catalog_test.cpp
 #include <quelmcl/ibase.hpp>
 #include <quelmcl/imsgtext.hpp>
 
@@ -120,7 +120,7 @@ IMessageText& IMessageText::operator=(const IMessageText& source)
 {
   const NewHandlerPause pause;
   char* const copy = copyText(source.pClText);
-  if (copy == nullptr)
+  if (copy == nullptr && source.pClText != nullptr)
     return *this;
   releaseText(pClText);
   pClText = copy;

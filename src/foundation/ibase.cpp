@@ -1,5 +1,5 @@
 // ibase.cpp - IBase: version, texts of the root object. The message entry points stand in exceptions/imsgtext.cpp.
-// Tests: tests/foundation/base_test.cpp
+// Tests: tests/foundation/base_objects_test.cpp
 #include <quelmcl/ibase.hpp>
 #include <quelmcl/istring.hpp>
 

@@ -1,5 +1,5 @@
 // ivbase.cpp - IVBase: the virtual texts of the root of the polymorphic classes.
-// Tests: tests/foundation/base_test.cpp
+// Tests: tests/foundation/virtual_base_test.cpp
 #include <quelmcl/istring.hpp>
 #include <quelmcl/ivbase.hpp>
 

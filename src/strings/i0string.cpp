@@ -361,28 +361,28 @@ I0String& I0String::remove(unsigned startPos, unsigned numChars)
 
 // ---- static forms: the operation on a copy ----
 
-I0String I0String::change(const I0String& aString, const IString& pattern, const IString& replacement,
-                          unsigned startPos, unsigned numChanges)
+I0String I0String::change(const IString& aString, const IString& pattern, const IString& replacement, unsigned startPos,
+                          unsigned numChanges)
 {
   return I0String(aString).change(pattern, replacement, startPos, numChanges);
 }
 
-I0String I0String::insert(const I0String& aString, const IString& anInsert, unsigned index, char padCharacter)
+I0String I0String::insert(const IString& aString, const IString& anInsert, unsigned index, char padCharacter)
 {
   return I0String(aString).insert(anInsert, index, padCharacter);
 }
 
-I0String I0String::overlayWith(const I0String& aString, const IString& anOverlay, unsigned index, char padCharacter)
+I0String I0String::overlayWith(const IString& aString, const IString& anOverlay, unsigned index, char padCharacter)
 {
   return I0String(aString).overlayWith(anOverlay, index, padCharacter);
 }
 
-I0String I0String::remove(const I0String& aString, unsigned startPos)
+I0String I0String::remove(const IString& aString, unsigned startPos)
 {
   return I0String(aString).remove(startPos);
 }
 
-I0String I0String::remove(const I0String& aString, unsigned startPos, unsigned numChars)
+I0String I0String::remove(const IString& aString, unsigned startPos, unsigned numChars)
 {
   return I0String(aString).remove(startPos, numChars);
 }

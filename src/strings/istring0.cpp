@@ -50,7 +50,7 @@ char* IString::nullBuffer = nullptr;
 
 char* IString::nullBuf() noexcept
 {
-  return __atomic_load_n(&nullBuffer, __ATOMIC_RELAXED);
+  return __atomic_load_n(&nullBuffer, __ATOMIC_ACQUIRE);
 }
 
 void IString::setDefaultBuffer(char* text) noexcept
@@ -80,26 +80,6 @@ void IString::initBuffer(const void* p1, unsigned len1, const void* p2, unsigned
   setBuffer(buffer()->newBuffer(p1, len1, p2, len2, p3, len3, padCharacter));
 }
 
-void IString::initBuffer(long number)
-{
-  initBuffer(static_cast<long long>(number));
-}
-
-void IString::initBuffer(unsigned long number)
-{
-  initBuffer(static_cast<unsigned long long>(number));
-}
-
-void IString::initBuffer(long long number)
-{
-  initDigits(number);
-}
-
-void IString::initBuffer(unsigned long long number)
-{
-  initDigits(number);
-}
-
 template <class Number>
 void IString::initDigits(Number number)
 {
@@ -107,6 +87,16 @@ void IString::initDigits(Number number)
     digits[std::numeric_limits<Number>::digits10 + 2];  // one digit more than any value of as many can have, and a sign
   const std::to_chars_result end = std::to_chars(std::begin(digits), std::end(digits), number);
   initBuffer(digits, static_cast<unsigned>(end.ptr - digits));
+}
+
+void IString::initBuffer(long number)
+{
+  initDigits(number);
+}
+
+void IString::initBuffer(unsigned long number)
+{
+  initDigits(number);
 }
 
 void IString::initBuffer(double number)
@@ -167,12 +157,12 @@ IString::IString(unsigned long number) : pBuffer(placeholder())
 
 IString::IString(long long number) : pBuffer(placeholder())
 {
-  initBuffer(number);
+  initDigits(number);
 }
 
 IString::IString(unsigned long long number) : pBuffer(placeholder())
 {
-  initBuffer(number);
+  initDigits(number);
 }
 
 IString::IString(double number) : pBuffer(placeholder())
