@@ -1,0 +1,456 @@
+// streams_test.cpp - IString: stream output, word input, line input.
+#include "string_probe.hpp"
+#include "support/expect_text.hpp"
+
+#include <quelmcl/istring.hpp>
+
+#include <gtest/gtest.h>
+
+#include <iomanip>
+#include <ostream>
+#include <sstream>
+#include <string>
+#include <type_traits>
+
+using namespace stringtests;
+
+namespace {
+
+/// What writing `text` leaves in a stream that `prepare` has set up.
+template <class Prepare>
+std::string written(const IString& text, Prepare prepare)
+{
+  std::ostringstream out;
+  prepare(out);
+  out << text;
+  return out.str();
+}
+
+std::string written(const IString& text)
+{
+  return written(text, [](std::ostream&) {});
+}
+
+/// All that a stream still holds.
+std::string restOf(std::istream& in)
+{
+  in.clear();
+  std::ostringstream rest;
+  if (in.peek() != std::istream::traits_type::eof())
+    rest << in.rdbuf();
+  return rest.str();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// Output
+
+TEST(StringOutput, WritesTheText)
+{
+  EXPECT_EQ(written("abc"), "abc");
+  EXPECT_EQ(written(""), "");
+}
+
+TEST(StringOutput, StopsAtTheFirstNul)
+{
+  EXPECT_EQ(written(made(bytes("ab\0cd"))), "ab");
+  EXPECT_EQ(written(made(bytes("\0ab"))), "");
+}
+
+TEST(StringOutput, ObeysWidthAndFill)
+{
+  EXPECT_EQ(written("abc", [](std::ostream& out) { out << std::setw(6) << std::setfill('.'); }), "...abc");
+  EXPECT_EQ(written("abc", [](std::ostream& out) { out << std::left << std::setw(6) << std::setfill('.'); }), "abc...");
+  EXPECT_EQ(written("abc", [](std::ostream& out) { out << std::setw(2); }), "abc");
+}
+
+TEST(StringOutput, PadsTheEmptyString)
+{
+  EXPECT_EQ(written("", [](std::ostream& out) { out << std::setw(3) << std::setfill('*'); }), "***");
+}
+
+TEST(StringOutput, PadsThePartBeforeANulToTheWidth)
+{
+  EXPECT_EQ(written(made(bytes("ab\0cd")), [](std::ostream& out) { out << std::setw(4) << std::setfill('.'); }),
+            "..ab");
+}
+
+TEST(StringOutput, UsesTheWidthUp)
+{
+  std::ostringstream out;
+  out << std::setw(5) << IString("a") << IString("b");
+  EXPECT_EQ(out.str(), "    ab");
+  EXPECT_EQ(out.width(), 0);
+}
+
+TEST(StringOutput, ReturnsTheStream)
+{
+  std::ostringstream out;
+  EXPECT_EQ(&(out << IString("abc")), &out);
+}
+
+TEST(StringOutput, OfExpressionsWritesTheirTexts)
+{
+  IString text("abc def");
+  std::ostringstream out;
+  out << text.word(2) << '|' << text + "x" << '|' << text[1] << '|' << (text == "abc def");
+  EXPECT_EQ(out.str(), "def|abc defx|a|1");
+}
+
+TEST(StringOutput, ToAFailedStreamWritesNothing)
+{
+  std::ostringstream out;
+  out.setstate(std::ios::failbit);
+  out << IString("abc");
+  EXPECT_EQ(out.str(), "");
+  EXPECT_TRUE(out.fail());
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// Words
+
+TEST(StringWordInput, SkipsWhiteSpaceAndLeavesWhatEndsTheWord)
+{
+  std::istringstream in("   abc def");
+  IString text;
+  in >> text;
+  EXPECT_TEXT(text, "abc");
+  EXPECT_EQ(restOf(in), " def");
+}
+
+TEST(StringWordInput, TakesOneByteLessThanTheWidth)
+{
+  std::istringstream in("   abc def");
+  IString text;
+  in >> std::setw(3) >> text;
+  EXPECT_TEXT(text, "ab");
+  EXPECT_EQ(in.width(), 0);
+  EXPECT_EQ(restOf(in), "c def");
+}
+
+TEST(StringWordInput, OfWidthOneTakesNothing)
+{
+  std::istringstream in("abc");
+  IString text("old");
+  in >> std::setw(1) >> text;
+  EXPECT_TEXT(text, "");
+  EXPECT_EQ(restOf(in), "abc");
+}
+
+TEST(StringWordInput, AWideFieldEndsWithTheWord)
+{
+  std::istringstream in("abc def");
+  IString text;
+  in >> std::setw(100) >> text;
+  EXPECT_TEXT(text, "abc");
+  EXPECT_EQ(restOf(in), " def");
+}
+
+TEST(StringWordInput, AWidthBeyondTheWorkingSpaceIsObeyed)
+{
+  std::istringstream in(std::string(500, 'x'));
+  IString text;
+  in >> std::setw(301) >> text;
+  EXPECT_TEXT(text, std::string(300, 'x'));
+  EXPECT_EQ(restOf(in), std::string(200, 'x'));
+}
+
+TEST(StringWordInput, ANegativeWidthIsNoLimit)
+{
+  std::istringstream in("abcdef");
+  in.width(-5);
+  IString text;
+  in >> text;
+  EXPECT_TEXT(text, "abcdef");
+  EXPECT_EQ(in.width(), 0);
+}
+
+TEST(StringWordInput, WithoutSkippingFindsNoWordBeforeWhiteSpace)
+{
+  std::istringstream in(" abc");
+  IString text("old");
+  in >> std::noskipws >> text;
+  EXPECT_TEXT(text, "");
+  EXPECT_EQ(restOf(in), " abc");
+}
+
+TEST(StringWordInput, WithoutSkippingTakesAWordThatBeginsAtOnce)
+{
+  std::istringstream in("abc def");
+  IString text;
+  in >> std::noskipws >> text;
+  EXPECT_TEXT(text, "abc");
+  EXPECT_EQ(restOf(in), " def");
+}
+
+TEST(StringWordInput, ReplacesTheOldTextHoweverLong)
+{
+  std::istringstream in("ab abcdefgh");
+  IString text("long old text");
+  in >> text;
+  EXPECT_TEXT(text, "ab");
+  in >> text;
+  EXPECT_TEXT(text, "abcdefgh");
+}
+
+TEST(StringWordInput, LeavesTheOtherSharersTheirText)
+{
+  std::istringstream in("new");
+  IString text("a text that is shared");
+  const IString sharer(text);
+  in >> text;
+  EXPECT_TEXT(text, "new");
+  EXPECT_TEXT(sharer, "a text that is shared");
+  EXPECT_EQ(useCountOf(sharer), 1u);
+}
+
+TEST(StringWordInput, LeavesOtherEmptyStringsEmpty)
+{
+  std::istringstream in("abc");
+  IString text;
+  const IString other;
+  in >> text;
+  EXPECT_TEXT(text, "abc");
+  EXPECT_TEXT(other, "");
+  EXPECT_TEXT(IString(), "");
+}
+
+class StringWordInputOfLength : public testing::TestWithParam<unsigned> {};
+
+TEST_P(StringWordInputOfLength, TakesTheWordWhole)
+{
+  std::string word;
+  for (unsigned offset = 0; offset < GetParam(); ++offset)
+    word += static_cast<char>('a' + offset % 26);
+  std::istringstream in(word + " next");
+  IString text;
+  IString next;
+  in >> text >> next;
+  EXPECT_TEXT(text, word);
+  EXPECT_TEXT(next, "next");
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, StringWordInputOfLength,
+                         testing::Values(1u, 127u, 128u, 129u, 255u, 256u, 257u, 1000u, 5000u, 100000u));
+
+TEST(StringWordInput, TakesNulsAndHighBytesAsPartOfAWord)
+{
+  std::istringstream in(
+    bytes("a\0b\xFF"
+          "c d"));
+  IString text;
+  in >> text;
+  EXPECT_EQ(bytesOf(text), bytes("a\0b\xFF"
+                                 "c"));
+  EXPECT_EQ(restOf(in), " d");
+}
+
+TEST(StringWordInput, EndsAtEveryWhiteSpaceCharacter)
+{
+  for (const char space : std::string(" \t\n\v\f\r")) {
+    std::istringstream in(std::string("ab") + space + "cd");
+    IString text;
+    in >> text;
+    EXPECT_TEXT(text, "ab");
+    EXPECT_EQ(in.peek(), space);
+  }
+}
+
+TEST(StringWordInput, TheLastWordIsReadWithoutFailure)
+{
+  std::istringstream in("abc");
+  IString text;
+  in >> text;
+  EXPECT_TEXT(text, "abc");
+  EXPECT_TRUE(in.eof());
+  EXPECT_FALSE(in.fail());
+}
+
+TEST(StringWordInput, WithNothingLeftFailsAndEmptiesTheString)
+{
+  std::istringstream in("   ");
+  IString text("old");
+  in >> text;
+  EXPECT_TEXT(text, "");
+  EXPECT_TRUE(in.fail());
+}
+
+TEST(StringWordInput, LoopsOverAllWords)
+{
+  std::istringstream in(" one two\nthree\t\n");
+  IString word;
+  IString all;
+  unsigned count = 0;
+  while (in >> word) {
+    all += word + ";";
+    ++count;
+  }
+  EXPECT_TEXT(all, "one;two;three;");
+  EXPECT_EQ(count, 3u);
+}
+
+TEST(StringWordInput, FromAFailedStreamEmptiesTheStringAndTakesNothing)
+{
+  std::istringstream in("abc");
+  in.setstate(std::ios::failbit);
+  IString text("old");
+  const IString sharer(text);
+  EXPECT_EQ(&(in >> text), &in);
+  EXPECT_TEXT(text, "");
+  EXPECT_TEXT(sharer, "old");
+  EXPECT_TRUE(in.fail());
+  EXPECT_EQ(restOf(in), "abc");
+}
+
+TEST(StringWordInput, FromAStreamThatIsAtItsEndFails)
+{
+  std::istringstream in("abc");
+  in.setstate(std::ios::eofbit);
+  IString text("old");
+  in >> text;
+  EXPECT_TEXT(text, "");
+  EXPECT_TRUE(in.fail());
+}
+
+TEST(StringWordInput, UsesTheWidthUpAlsoWhenItFails)
+{
+  std::istringstream in("");
+  IString text;
+  in >> std::setw(7) >> text;
+  EXPECT_TRUE(in.fail());
+  EXPECT_EQ(in.width(), 0);
+}
+
+/// A stream buffer that counts how often it is flushed.
+class FlushCounter : public std::stringbuf {
+public:
+  int flushes = 0;
+
+protected:
+  int sync() override
+  {
+    ++flushes;
+    return 0;
+  }
+};
+
+TEST(StringWordInput, FlushesTheTiedStreamFirst)
+{
+  FlushCounter sink;
+  std::ostream prompt(&sink);
+  std::istringstream in("abc");
+  in.tie(&prompt);
+  IString text;
+  in >> text;
+  EXPECT_TEXT(text, "abc");
+  EXPECT_GE(sink.flushes, 1);
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// Lines
+
+TEST(StringLineInput, TakesTheDelimiterOutAndDoesNotStoreIt)
+{
+  std::istringstream in("abc\ndef");
+  EXPECT_TEXT(IString::lineFrom(in, '\n'), "abc");
+  EXPECT_TEXT(IString::lineFrom(in, '\n'), "def");
+}
+
+TEST(StringLineInput, EndsAtANewlineUnlessToldOtherwise)
+{
+  std::istringstream in("abc def\nghi");
+  EXPECT_TEXT(IString::lineFrom(in), "abc def");
+  EXPECT_EQ(restOf(in), "ghi");
+}
+
+TEST(StringLineInput, TakesAnyDelimiter)
+{
+  std::istringstream in(
+    bytes("a,b\n;c\0d\xFF"
+          "e"));
+  EXPECT_TEXT(IString::lineFrom(in, ','), "a");
+  EXPECT_TEXT(IString::lineFrom(in, ';'), "b\n");
+  EXPECT_TEXT(IString::lineFrom(in, '\0'), "c");
+  EXPECT_TEXT(IString::lineFrom(in, '\xFF'), "d");
+  EXPECT_EQ(restOf(in), "e");
+}
+
+TEST(StringLineInput, KeepsLeadingAndTrailingWhiteSpace)
+{
+  std::istringstream in("  abc \t\n");
+  EXPECT_TEXT(IString::lineFrom(in), "  abc \t");
+}
+
+TEST(StringLineInput, KeepsNulsAndHighBytes)
+{
+  std::istringstream in(bytes("a\0b\xFF\n"));
+  EXPECT_EQ(bytesOf(IString::lineFrom(in)), bytes("a\0b\xFF"));
+}
+
+TEST(StringLineInput, AnEmptyLineIsTheEmptyStringAndNoFailure)
+{
+  std::istringstream in("\n\nabc\n");
+  EXPECT_TEXT(IString::lineFrom(in), "");
+  EXPECT_TEXT(IString::lineFrom(in), "");
+  EXPECT_TRUE(in.good());
+  EXPECT_TEXT(IString::lineFrom(in), "abc");
+  EXPECT_TRUE(in.good());
+}
+
+class StringLineInputOfLength : public testing::TestWithParam<unsigned> {};
+
+TEST_P(StringLineInputOfLength, GivesTheLineWhole)
+{
+  std::string line;
+  for (unsigned offset = 0; offset < GetParam(); ++offset)
+    line += static_cast<char>('a' + offset % 26);
+  std::istringstream in(line + "\nnext\n");
+  EXPECT_TEXT(IString::lineFrom(in), line);
+  EXPECT_TEXT(IString::lineFrom(in), "next");
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, StringLineInputOfLength,
+                         testing::Values(0u, 1u, 127u, 128u, 129u, 256u, 257u, 300u, 1000u, 100000u));
+
+TEST(StringLineInput, ALineWithoutDelimiterIsReturnedAsFarAsItWent)
+{
+  std::istringstream in("abc");
+  EXPECT_TEXT(IString::lineFrom(in), "abc");
+  EXPECT_TRUE(in.eof());
+}
+
+TEST(StringLineInput, AtTheEndOfTheStreamIsEmptyAndFails)
+{
+  std::istringstream in("");
+  EXPECT_TEXT(IString::lineFrom(in), "");
+  EXPECT_TRUE(in.eof());
+  EXPECT_TRUE(in.fail());
+}
+
+TEST(StringLineInput, FromAFailedStreamIsEmptyAndTakesNothing)
+{
+  std::istringstream in("abc\n");
+  in.setstate(std::ios::failbit);
+  EXPECT_TEXT(IString::lineFrom(in), "");
+  EXPECT_TRUE(in.fail());
+  EXPECT_EQ(restOf(in), "abc\n");
+}
+
+TEST(StringLineInput, IgnoresTheWidthOfTheStream)
+{
+  std::istringstream in("abcdef\n");
+  in.width(3);
+  EXPECT_TEXT(IString::lineFrom(in), "abcdef");
+}
+
+TEST(StringLineInput, AgreesWithASlowSplitOfTheSameText)
+{
+  std::string text;
+  for (unsigned number = 0; number < 400; ++number)
+    text += std::string(number, static_cast<char>('a' + number % 26)) + "\n";
+  std::istringstream in(text);
+  for (unsigned number = 0; number < 400; ++number)
+    EXPECT_TEXT(IString::lineFrom(in), std::string(number, static_cast<char>('a' + number % 26)));
+  EXPECT_TRUE(in.good());
+}
+
+}  // namespace
