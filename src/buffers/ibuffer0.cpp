@@ -49,7 +49,9 @@ void noteFormerNullBuffer(IBuffer* former)
 {
   if (formerNullBuffers == nullptr)
     formerNullBuffers = new std::vector<IBuffer*>;
-  formerNullBuffers->push_back(former);
+  const auto end = formerNullBuffers->end();
+  if (std::find(formerNullBuffers->begin(), end, former) == end)
+    formerNullBuffers->push_back(former);
 }
 
 /// Whether a buffer on which no reference is counted any more must stay because it was a null buffer. Threads count
