@@ -150,11 +150,11 @@ IBuffer* IBuffer::defaultBuffer()
 
 IBuffer* IBuffer::null() const
 {
+  IBuffer* const standard = defaultBuffer();  // first, since it brings the single-byte null buffer along
   IBuffer* const singleByte = __atomic_load_n(&nullIBuffer, __ATOMIC_ACQUIRE);
   // The same pointer, not equal text: a kind is known by the address of its name.
-  if (singleByte != nullptr && singleByte->className() == className())
-    return singleByte;
-  return defaultBuffer();
+  const bool isSingleByte = singleByte != nullptr && singleByte->className() == className();
+  return isSingleByte ? singleByte : standard;
 }
 
 void IBuffer::setDefaultBuffer(IBuffer* newDefault)
