@@ -1,5 +1,9 @@
 # How tests are built and registered.
 
+# A process for each test keeps tests from leaning on each other. Where starting a process is slow, as with sanitizers, that would cost
+# minutes; there one process runs all tests of a folder, which also shows what earlier tests do to later ones.
+option(QUELMCL_TEST_WHOLE_PROGRAMS "Run all tests of a folder in one process, as one test" OFF)
+
 # What a test may rely on: the C locale, this build's catalogs, and none of the caller's own settings for either.
 set(testEnvironment LANG=C LC_ALL=C "NLSPATH=${quelmcl_NLSPATH}")
 set(testEnvironmentChanges "KOLTA MSGFILE=unset:" LANGUAGE=unset:)
@@ -43,6 +47,13 @@ function(quelmcl_add_test folder)
       string(REGEX REPLACE "^c\\.|[^a-z0-9]" "" prefix ${prefix})
       set(prefix ${prefix}/${folder}/)
     endif()
+    set(environment ${testEnvironment} QUELMCL_TEST_LOCALE=${locale})
+    if(QUELMCL_TEST_WHOLE_PROGRAMS)
+      quelmcl_add_command_test(${prefix}all ${program})
+      set_tests_properties(${prefix}all PROPERTIES LABELS ${folder} ENVIRONMENT "${environment}")
+      continue()
+    endif()
+
     string(MAKE_C_IDENTIFIER ${prefix}tests discovered)
     # The values of parameters stay out of the names: they are texts with quotes and NULs.
     gtest_discover_tests(${program}
@@ -51,7 +62,7 @@ function(quelmcl_add_test folder)
     # The names are known when ctest starts, and so is the first moment for properties that are lists.
     file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${discovered}.cmake @ONLY CONTENT [[
 set_tests_properties(${@discovered@} PROPERTIES
-  ENVIRONMENT "@testEnvironment@;QUELMCL_TEST_LOCALE=@locale@"
+  ENVIRONMENT "@environment@"
   ENVIRONMENT_MODIFICATION "@testEnvironmentChanges@")
 ]])
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${discovered}.cmake)
