@@ -14,7 +14,6 @@
 using quelmcl::detail::copyText;
 using quelmcl::detail::ErrnoGuard;
 using quelmcl::detail::NewHandlerPause;
-using quelmcl::detail::QuietText;
 using quelmcl::detail::releaseText;
 
 namespace {

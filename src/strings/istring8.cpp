@@ -8,7 +8,6 @@
 #include <cstring>
 #include <vector>
 
-using quelmcl::detail::firstWhite;
 using quelmcl::detail::Word;
 using quelmcl::detail::WordReader;
 
