@@ -2,10 +2,6 @@
 // Tests: tests/buffers/life_cycle_test.cpp
 #include <quelmcl/idbcsb.hpp>
 
-#include "buffers/kinds.hpp"
-
-const char quelmcl::detail::multiByteKind[] = "IDBCSBuffer";
-
 IDBCSBuffer::IDBCSBuffer(unsigned newLen) noexcept : IBuffer(newLen) {}
 
 IDBCSBuffer::~IDBCSBuffer() = default;
@@ -17,5 +13,5 @@ IBuffer* IDBCSBuffer::allocate(unsigned newLen) const
 
 const char* IDBCSBuffer::className() const
 {
-  return quelmcl::detail::multiByteKind;
+  return "IDBCSBuffer";
 }
