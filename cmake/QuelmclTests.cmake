@@ -4,17 +4,28 @@
 # minutes; there one process runs all tests of a folder, which also shows what earlier tests do to later ones.
 option(QUELMCL_TEST_WHOLE_PROGRAMS "Run all tests of a folder in one process, as one test" OFF)
 
-# What a test may rely on: the C locale, this build's catalogs, and none of the caller's own settings for either.
-set(testEnvironment LANG=C LC_ALL=C "NLSPATH=${quelmcl_NLSPATH}")
+# The locales that tests run in beyond C and C.UTF-8 are compiled into the build folder: no machine needs to have them.
+set(testLocales ${PROJECT_BINARY_DIR}/locales)
+add_custom_command(
+  OUTPUT ${testLocales}/made
+  COMMAND bash ${PROJECT_SOURCE_DIR}/tests/support/make_locales.sh ${testLocales}
+  COMMAND ${CMAKE_COMMAND} -E touch ${testLocales}/made
+  DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/make_locales.sh
+  COMMENT "Compiling the locales of the tests"
+  VERBATIM)
+add_custom_target(quelmcl_locales DEPENDS ${testLocales}/made)
+
+# What a test may rely on: the C locale, this build's catalogs and locales, and none of the caller's own settings for either.
+set(testEnvironment LANG=C LC_ALL=C "NLSPATH=${quelmcl_NLSPATH}" "LOCPATH=${testLocales}")
 set(testEnvironmentChanges "KOLTA MSGFILE=unset:" LANGUAGE=unset:)
 
-# quelmcl_add_test(<folder> SOURCES <file>... [LIBRARY_SOURCES <file>...] [LOCALES <locale>...])
+# quelmcl_add_test(<folder> SOURCES <file>... [LIBRARY_SOURCES <file>...] [LIBRARY <target>] [LOCALES <locale>...])
 #
 # Builds the test program of a folder and registers each of its tests once for every locale: plainly for C, with "utf8/" before the
-# name for C.UTF-8. A folder without sources yet is skipped. LIBRARY_SOURCES, relative to src/, are compiled into the program: what
-# the library does not export is tested that way.
+# name for C.UTF-8, and likewise for the others. A folder without sources yet is skipped. LIBRARY_SOURCES, relative to src/, are compiled into the program: what
+# the library does not export is tested that way. LIBRARY is tested instead of the library that is shipped.
 function(quelmcl_add_test folder)
-  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARY_SOURCES;LOCALES" ${ARGN})
+  cmake_parse_arguments(arg "" "LIBRARY" "SOURCES;LIBRARY_SOURCES;LOCALES" ${ARGN})
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "quelmcl_add_test(${folder}): unknown arguments: ${arg_UNPARSED_ARGUMENTS}")
   endif()
@@ -23,6 +34,9 @@ function(quelmcl_add_test folder)
   endif()
   if(NOT arg_LOCALES)
     set(arg_LOCALES C C.UTF-8)
+  endif()
+  if(NOT arg_LIBRARY)
+    set(arg_LIBRARY quelmcl::quelmcl)
   endif()
 
   # The library is tested as it is shipped; the tests themselves gain nothing from optimisation but a longer build.
@@ -36,8 +50,8 @@ function(quelmcl_add_test folder)
   if(arg_LIBRARY_SOURCES)
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR}/src)
   endif()
-  target_link_libraries(${program} PRIVATE quelmcl::quelmcl quelmcl_test_main)
-  add_dependencies(${program} quelmcl_catalogs)
+  target_link_libraries(${program} PRIVATE ${arg_LIBRARY} quelmcl_test_main)
+  add_dependencies(${program} quelmcl_catalogs quelmcl_locales)
 
   foreach(locale IN LISTS arg_LOCALES)
     if(locale STREQUAL "C")

@@ -5,6 +5,7 @@
 #include <quelmcl/idbcsb.hpp>
 #include <quelmcl/istring.hpp>
 
+#include "buffers/kinds.hpp"
 #include "exceptions/throwing.hpp"
 #include "foundation/address.hpp"
 
@@ -15,6 +16,8 @@
 #include <new>
 #include <sys/single_threaded.h>
 #include <vector>
+
+const char quelmcl::detail::singleByteKind[] = "IBuffer";
 
 IBuffer* IBuffer::nullBuffer = nullptr;
 IBuffer* IBuffer::nullIBuffer = nullptr;
@@ -103,7 +106,7 @@ IBuffer* IBuffer::allocate(unsigned newLen) const
 
 const char* IBuffer::className() const
 {
-  return "IBuffer";
+  return quelmcl::detail::singleByteKind;
 }
 
 IBuffer* IBuffer::newBuffer(const void* p1, unsigned len1, const void* p2, unsigned len2, const void* p3, unsigned len3,
@@ -152,8 +155,7 @@ IBuffer* IBuffer::null() const
 {
   IBuffer* const standard = defaultBuffer();  // first, since it brings the single-byte null buffer along
   IBuffer* const singleByte = __atomic_load_n(&nullIBuffer, __ATOMIC_ACQUIRE);
-  // The same pointer, not equal text: a kind is known by the address of its name.
-  const bool isSingleByte = singleByte != nullptr && singleByte->className() == className();
+  const bool isSingleByte = singleByte != nullptr && quelmcl::detail::areOfOneKind(*singleByte, *this);
   return isSingleByte ? singleByte : standard;
 }
 

@@ -3,10 +3,10 @@
 // Tests: tests/buffers/search_test.cpp
 #include <quelmcl/ibuffer.hpp>
 
+#include "buffers/searchstart.hpp"
 #include "kernels/byteset.hpp"
 #include "kernels/textsearch.hpp"
 
-#include <algorithm>
 #include <cstring>
 
 using quelmcl::detail::ByteSet;
@@ -69,18 +69,12 @@ auto fails(const IStringTest& test)
 
 unsigned IBuffer::startSearch(unsigned startPos, unsigned searchLen) const
 {
-  const unsigned start = std::max(startPos, 1u);
-  if (start > len || searchLen > len - start + 1)
-    return 0;
-  return start;
+  return quelmcl::detail::forwardStart(len, startPos, searchLen);
 }
 
-// Deliberate: a backward search from 0 finds nothing, unlike a forward one.  Test: BackwardSearch.FromZeroFindsNothing
 unsigned IBuffer::startBackwardsSearch(unsigned startPos, unsigned searchLen) const
 {
-  if (searchLen > len)
-    return 0;
-  return std::min({startPos, len, len - searchLen + 1});
+  return quelmcl::detail::backwardStart(len, startPos, searchLen);
 }
 
 // ---- texts ----

@@ -3,6 +3,8 @@
 // Tests: tests/buffers/editing_test.cpp
 #include <quelmcl/ibuffer.hpp>
 
+#include "buffers/editing.hpp"
+#include "buffers/forwardsearch.hpp"
 #include "kernels/bytes.hpp"
 
 #include <algorithm>
@@ -10,26 +12,15 @@
 #include <functional>
 #include <memory>
 
+using quelmcl::detail::editable;
+using quelmcl::detail::stripEnds;
+using quelmcl::detail::unfilled;
+
 namespace {
 
 const char upperLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 const char lowerLetters[] = "abcdefghijklmnopqrstuvwxyz";
 constexpr unsigned letterCount = 26;
-
-/// What is to be written to in place of `buffer`: itself, with one more reference, when it has a sole owner, else a
-/// copy.
-IBuffer* editable(IBuffer* buffer)
-{
-  if (buffer->useCount() < 2)
-    return buffer->addRef();
-  return buffer->newBuffer(buffer->contents(), buffer->length(), nullptr, 0, nullptr, 0, 0);
-}
-
-/// A new buffer of the kind that `model` allocates, its text still to be filled in, or the null buffer for no text.
-IBuffer* unfilled(const IBuffer& model, unsigned length)
-{
-  return length == 0 ? model.null()->addRef() : model.allocate(length);
-}
 
 /// A text that an operation reads while it writes to `edited`: the text itself, or a copy when the two overlap.
 class StableText {
@@ -175,26 +166,6 @@ IBuffer* IBuffer::translate(const char* pInputChars, unsigned inputLen, const ch
 
 // ---- both ends ----
 
-namespace {
-
-/// Strips with the two searches that say where the first and the last character to keep are.
-template <class FirstKept, class LastKept>
-IBuffer* stripEnds(IBuffer* buffer, IStringEnum::StripMode mode, FirstKept firstKept, LastKept lastKept)
-{
-  const unsigned length = buffer->length();
-  if (length == 0)
-    return buffer->addRef();
-  const unsigned first = mode == IStringEnum::trailing ? 1 : firstKept();
-  if (first == 0)
-    return buffer->null()->addRef();
-  const unsigned last = mode == IStringEnum::leading ? length : lastKept();
-  if (first == 1 && last == length)
-    return buffer->addRef();
-  return buffer->newBuffer(buffer->contents() + (first - 1), last - (first - 1), nullptr, 0, nullptr, 0, 0);
-}
-
-}  // namespace
-
 IBuffer* IBuffer::strip(const char* pChars, unsigned count, IStringEnum::StripMode mode)
 {
   return stripEnds(
@@ -211,11 +182,12 @@ IBuffer* IBuffer::strip(const IStringTest& aTest, IStringEnum::StripMode mode)
 
 namespace {
 
-/// The occurrences of a pattern in a buffer, one after the other. They do not overlap.
+/// The occurrences of a pattern in a buffer, one after the other. They do not overlap. What stands before the end of
+/// the occurrence found last but one may be written over meanwhile.
 class Occurrences {
 public:
   Occurrences(const IBuffer& searched, const char* pPattern, unsigned length, unsigned startPos, unsigned limit)
-    : buffer(searched), pattern(pPattern), patternLength(length), from(startPos), left(limit)
+    : search(searched), pattern(pPattern), patternLength(length), from(startPos), left(limit)
   {
   }
 
@@ -225,7 +197,7 @@ public:
     if (left == 0)
       return 0;
     --left;
-    const unsigned found = buffer.indexOf(pattern, patternLength, from);
+    const unsigned found = search.indexOf(pattern, patternLength, from);
     if (found == 0)
       left = 0;
     from = found + patternLength;
@@ -233,7 +205,7 @@ public:
   }
 
 private:
-  const IBuffer& buffer;
+  quelmcl::detail::ForwardSearch search;
   const char* pattern;
   unsigned patternLength;
   unsigned from;
@@ -264,8 +236,11 @@ IBuffer* IBuffer::change(const char* pPattern, unsigned patternLen, const char* 
 
   if (patternLen == replacementLen) {
     IBuffer* const result = editable(this);
-    for (unsigned pos = first; pos != 0; pos = counting.next())
-      std::memcpy(result->contents() + (pos - 1), replacement.get(), replacementLen);
+    for (unsigned pos = first; pos != 0;) {
+      char* const place = result->contents() + (pos - 1);
+      pos = counting.next();  // before anything is written here: the search may look at the pattern once more
+      std::memcpy(place, replacement.get(), replacementLen);
+    }
     return result;
   }
 

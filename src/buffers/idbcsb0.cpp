@@ -2,6 +2,10 @@
 // Tests: tests/buffers/life_cycle_test.cpp
 #include <quelmcl/idbcsb.hpp>
 
+#include "buffers/kinds.hpp"
+
+const char quelmcl::detail::multiByteKind[] = "IDBCSBuffer";
+
 IDBCSBuffer::IDBCSBuffer(unsigned newLen) noexcept : IBuffer(newLen) {}
 
 IDBCSBuffer::~IDBCSBuffer() = default;
@@ -13,5 +17,5 @@ IBuffer* IDBCSBuffer::allocate(unsigned newLen) const
 
 const char* IDBCSBuffer::className() const
 {
-  return "IDBCSBuffer";
+  return quelmcl::detail::multiByteKind;
 }

@@ -10,11 +10,14 @@ namespace quelmcl::detail {
 
 class ByteSet {
 public:
+  ByteSet() noexcept = default;
   ByteSet(const char* members, std::size_t count) noexcept
   {
     for (std::size_t i = 0; i < count; ++i)
-      words[word(members[i])] |= bit(members[i]);
+      add(members[i]);
   }
+
+  void add(char byte) noexcept { words[word(byte)] |= bit(byte); }
 
   bool has(char byte) const noexcept { return (words[word(byte)] & bit(byte)) != 0; }
 

@@ -3,6 +3,8 @@
 // Tests: tests/strings/search_test.cpp
 #include <quelmcl/istring.hpp>
 
+#include "buffers/forwardsearch.hpp"
+
 namespace {
 
 /// One character as a text with a NUL behind it: the rules for characters of several bytes may look at what follows.
@@ -178,10 +180,12 @@ unsigned IString::occurrencesOf(char aCharacter, unsigned startPos) const
 
 unsigned IString::occurrencesOf(const IStringTest& aTest, unsigned startPos) const
 {
-  return count([&](unsigned from) { return buffer()->indexOf(aTest, from); }, startPos, 1);
+  quelmcl::detail::ForwardSearch search(*buffer());
+  return count([&](unsigned from) { return search.indexOf(aTest, from); }, startPos, 1);
 }
 
 unsigned IString::occurrencesOf(const char* pSearch, unsigned searchLen, unsigned startPos) const
 {
-  return count([&](unsigned from) { return buffer()->indexOf(pSearch, searchLen, from); }, startPos, searchLen);
+  quelmcl::detail::ForwardSearch search(*buffer());
+  return count([&](unsigned from) { return search.indexOf(pSearch, searchLen, from); }, startPos, searchLen);
 }

@@ -1,0 +1,125 @@
+// characterset.hpp - how the characters of the locale in force are told apart: the one rule that every operation on
+// texts with characters of several bytes steps by.
+// Tests: tests/buffers/multibyte_rules_test.cpp
+#ifndef QUELMCL_SRC_BUFFERS_CHARACTERSET_HPP
+#define QUELMCL_SRC_BUFFERS_CHARACTERSET_HPP
+
+#include "kernels/utf8.hpp"
+
+#include <cstddef>
+
+namespace quelmcl::detail {
+
+#ifdef QUELMCL_COUNT_CHARACTER_DECISIONS
+extern unsigned long characterDecisions;  // for the test that the cost of operations is linear
+inline void countDecision() noexcept
+{
+  ++characterDecisions;
+}
+#else
+inline void countDecision() noexcept {}
+#endif
+
+/// The character set of the locale in force. Ask for it once an operation: programs may change their locale between
+/// any two.
+///
+/// The rule: a NUL byte is a character of one byte; otherwise the C library says how many of the next 16 bytes the
+/// character has; and a byte that begins no sound and complete character is one by itself.
+class CharacterSet {
+public:
+  /// The character set of the locale in force in this thread. Cost: some nanoseconds.
+  static CharacterSet current();
+
+  /// Whether every byte is a character.
+  bool isSingleByte() const noexcept { return kind == singleByte; }
+  /// Whether a byte that begins a character can never be one that continues another.
+  bool isUtf8() const noexcept { return kind == utf8; }
+
+  /// The length of the character at `p`. A NUL must follow sooner or later.
+  unsigned length(const char* p) const { return lengthWithin(p, lookAhead); }
+
+  /// The same, looking at no more than `available` bytes (at least one): a character that is cut off there is no
+  /// character.
+  unsigned lengthWithin(const char* p, std::size_t available) const
+  {
+    countDecision();
+    if (kind == singleByte)
+      return 1;
+    if (kind == utf8)
+      return utf8Length(p, available);
+    return isAlwaysOneByte(*p) ? 1 : askedLength(p, available);
+  }
+
+  /// Whether a byte, standing alone, is the beginning of a character of several bytes.
+  bool beginsLongCharacter(char byte) const;
+
+private:
+  enum Kind { singleByte, utf8, other };
+  enum : std::size_t { lookAhead = 16 };
+
+  /// For each byte, whether it is a character of its own whatever follows it.
+  struct OneByteCharacters;
+
+  CharacterSet(Kind kindOfSet, const OneByteCharacters* known) noexcept : kind(kindOfSet), oneByteCharacters(known) {}
+  bool isAlwaysOneByte(char byte) const;
+  static unsigned askedLength(const char* p, std::size_t available);
+
+  Kind kind;
+  const OneByteCharacters* oneByteCharacters;  // null when there was no storage for it
+};
+
+/// A character of a text: where it begins and how many bytes it has.
+struct Character {
+  std::size_t offset;
+  unsigned length;
+  std::size_t end() const noexcept { return offset + length; }
+};
+
+/// Finds the characters that hold the bytes of a text. In UTF-8 each is found by looking around; in other sets by
+/// walking on from the character found last, so offsets that do not decrease cost one pass over the text together,
+/// and one that does another.
+class CharacterWalk {
+public:
+  /// `text` is followed by a NUL.
+  CharacterWalk(const CharacterSet& charactersOf, const char* textToWalk) noexcept
+    : set(charactersOf), text(textToWalk), floor(0), current{0, 0}
+  {
+  }
+
+  /// The character that holds the byte at `offset`.
+  Character holding(std::size_t offset)
+  {
+    if (set.isSingleByte())
+      return {offset, 1};
+    if (offset < floor)
+      standAt(0);
+    return set.isUtf8() ? holdingInUtf8(offset) : walkedTo(offset);
+  }
+
+  /// Whether a character begins at `offset`.
+  bool isBoundary(std::size_t offset) { return holding(offset).offset == offset; }
+
+  /// Notes that a character begins at `offset`. What stands before it may change from now on: it is not looked at
+  /// again, unless an earlier offset is asked for.
+  void standAt(std::size_t offset) noexcept
+  {
+    floor = offset;
+    if (current.end() < offset || offset < current.offset)
+      current = {offset, 0};
+  }
+
+  const CharacterSet& characters() const noexcept { return set; }
+
+private:
+  Character holdingInUtf8(std::size_t offset) const;
+  Character walkedTo(std::size_t offset);
+
+  CharacterSet set;
+  const char* text;
+  std::size_t floor;
+  Character current;
+};
+
+}  // namespace quelmcl::detail
+
+#endif

@@ -1,0 +1,43 @@
+// editing.hpp - what the editing operations of both kinds of buffer have in common.
+// Tests: tests/buffers/editing_test.cpp
+#ifndef QUELMCL_SRC_BUFFERS_EDITING_HPP
+#define QUELMCL_SRC_BUFFERS_EDITING_HPP
+
+#include <quelmcl/ibuffer.hpp>
+
+namespace quelmcl::detail {
+
+/// What is to be written to in place of `buffer`: itself, with one more reference, when it has a sole owner, else a
+/// copy.
+inline IBuffer* editable(IBuffer* buffer)
+{
+  if (buffer->useCount() < 2)
+    return buffer->addRef();
+  return buffer->newBuffer(buffer->contents(), buffer->length(), nullptr, 0, nullptr, 0, 0);
+}
+
+/// A new buffer of the kind that `model` allocates, its text still to be filled in, or the null buffer for no text.
+inline IBuffer* unfilled(const IBuffer& model, unsigned length)
+{
+  return length == 0 ? model.null()->addRef() : model.allocate(length);
+}
+
+/// Strips with the two searches that say where the first and the last character to keep are.
+template <class FirstKept, class LastKept>
+IBuffer* stripEnds(IBuffer* buffer, IStringEnum::StripMode mode, FirstKept firstKept, LastKept lastKept)
+{
+  const unsigned length = buffer->length();
+  if (length == 0)
+    return buffer->addRef();
+  const unsigned first = mode == IStringEnum::trailing ? 1 : firstKept();
+  if (first == 0)
+    return buffer->null()->addRef();
+  const unsigned last = mode == IStringEnum::leading ? length : lastKept();
+  if (first == 1 && last == length)
+    return buffer->addRef();
+  return buffer->newBuffer(buffer->contents() + (first - 1), last - (first - 1), nullptr, 0, nullptr, 0, 0);
+}
+
+}  // namespace quelmcl::detail
+
+#endif
