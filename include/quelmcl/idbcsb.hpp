@@ -14,6 +14,12 @@
 
 #include <quelmcl/ibuffer.hpp>
 
+namespace quelmcl {
+namespace detail {
+class SearchStart;
+}
+}  // namespace quelmcl
+
 /// The buffer of the multi-byte kind. It is chosen for the process when the locale in force at the first string has
 /// multi-byte characters, and allocates buffers of its own kind only. What is told here is what differs from IBuffer.
 class QUELMCL_API IDBCSBuffer : public IBuffer {
@@ -133,6 +139,7 @@ protected:
 
 private:
   friend class IBuffer;
+  friend class quelmcl::detail::SearchStart;
 };
 
 #endif

@@ -4,37 +4,50 @@
 
 #include "kernels/textsearch.hpp"
 
-#include <cstring>
-
 namespace quelmcl::detail {
 
-CharacterList::CharacterList(const CharacterSet& charactersOf, const char* listed, std::size_t count)
-  : set(charactersOf), list(listed), size(count), hasLongMembers(false), ofBytes(set.isSingleByte() || set.isUtf8())
+CharacterList::CharacterList(const CharacterSet& charactersOf, const char* listed, unsigned count)
+  : set(charactersOf),
+    list(listed),
+    size(count),
+    ofBytes(set.isSingleByte() || set.isUtf8()),
+    lastNoted(0),
+    boundaries{}
 {
-  for (std::size_t offset = 0; offset < size;) {
+  for (unsigned offset = 0; offset < size;) {
+    if (offset < noted) {
+      boundaries[offset / 32] |= std::uint32_t{1} << (offset % 32);
+      lastNoted = offset;
+    }
     const unsigned length = set.lengthWithin(list + offset, size - offset);
+    heads.add(list[offset]);
     if (length == 1)
       oneByteMembers.add(list[offset]);
-    else
-      hasLongMembers = true;
-    const bool isAscii = static_cast<unsigned char>(list[offset]) < 0x80;
-    ofBytes = ofBytes && (isAscii || set.isSingleByte());
+    ofBytes = ofBytes && (isAscii(list[offset]) || set.isSingleByte());
     offset += length;
   }
 }
 
+// Its bytes are looked for, which is quick; where they stand, the list has this character or others that it is made of
+// parts of.
 bool CharacterList::hasLong(const char* p, unsigned length) const
 {
-  if (set
-        .isUtf8())  // wherever a sound character stands among the bytes of the list, it is one of the list's characters
-    return findText(list, size, p, length) != nowhere;
-  for (std::size_t offset = 0; offset + length <= size;) {
-    const unsigned lengthOfMember = set.lengthWithin(list + offset, size - offset);
-    if (lengthOfMember == length && std::memcmp(list + offset, p, length) == 0)
+  TextSearch<Forward> search(list, size, p, length);
+  for (std::size_t found = search.next(); found != nowhere; found = search.next())
+    if (set.isUtf8() || isBoundary(static_cast<unsigned>(found)))
       return true;
-    offset += lengthOfMember;
-  }
   return false;
+}
+
+/// Whether a character of the list begins at `offset`.
+bool CharacterList::isBoundary(unsigned offset) const
+{
+  if (offset < noted)
+    return (boundaries[offset / 32] >> (offset % 32) & 1) != 0;
+  unsigned at = lastNoted;
+  while (at < offset)
+    at += set.lengthWithin(list + at, size - at);
+  return at == offset;
 }
 
 }  // namespace quelmcl::detail

@@ -27,6 +27,14 @@ std::size_t askLibrary(const char* p, std::size_t available)
   return std::mbrlen(p, available, &state);
 }
 
+/// Asked at the beginning of every operation, and so short that a call would cost more.
+inline bool isNamed(const char* codeset, const char* name)
+{
+  while (*name != '\0' && *codeset == *name)
+    ++codeset, ++name;
+  return *codeset == *name;
+}
+
 }  // namespace
 
 /// Filled once a character set, never changed and never freed: the list is as long as the sets that a process has
@@ -35,6 +43,7 @@ struct CharacterSet::OneByteCharacters {
   char codeset[32];
   const OneByteCharacters* next;
   bool isOne[256];
+  bool hasAllAscii;
 
   static const OneByteCharacters* of(const char* codeset)
   {
@@ -53,6 +62,7 @@ struct CharacterSet::OneByteCharacters {
       const char alone = static_cast<char>(byte);
       made->isOne[byte] = byte == 0 || askLibrary(&alone, 1) == 1;
     }
+    made->hasAllAscii = std::all_of(made->isOne, made->isOne + 0x80, [](bool isOne) { return isOne; });
     // When two threads are here at once, both sets are listed; they are equal.
     made->next = known;
     while (!__atomic_compare_exchange_n(&all, &made->next, made, false, __ATOMIC_RELEASE, __ATOMIC_RELAXED)) {
@@ -63,12 +73,13 @@ struct CharacterSet::OneByteCharacters {
 
 CharacterSet CharacterSet::current()
 {
-  if (MB_CUR_MAX == 1)
-    return CharacterSet(singleByte, nullptr);
   const char* const codeset = nl_langinfo(CODESET);
-  if (std::strcmp(codeset, "UTF-8") == 0)
-    return CharacterSet(utf8, nullptr);
-  return CharacterSet(other, OneByteCharacters::of(codeset));
+  if (isNamed(codeset, "UTF-8"))
+    return CharacterSet(utf8, nullptr, true);
+  if (MB_CUR_MAX == 1)
+    return ofBytes();
+  const OneByteCharacters* const known = OneByteCharacters::of(codeset);
+  return CharacterSet(other, known, known != nullptr && known->hasAllAscii);
 }
 
 bool CharacterSet::isAlwaysOneByte(char byte) const
@@ -104,8 +115,10 @@ Character CharacterWalk::walkedTo(std::size_t offset)
 {
   if (offset < current.offset)
     current = {floor, 0};
-  while (current.end() <= offset)
-    current = {current.end(), set.length(text + current.end())};
+  while (current.end() <= offset) {
+    const std::size_t next = current.end() + set.leadingAscii(text + current.end(), offset - current.end());
+    current = {next, set.length(text + next)};
+  }
   return current;
 }
 

@@ -4,6 +4,9 @@
 #ifndef QUELMCL_SRC_BUFFERS_CHARACTERSET_HPP
 #define QUELMCL_SRC_BUFFERS_CHARACTERSET_HPP
 
+#include "kernels/ascii.hpp"
+#include "kernels/byteset.hpp"
+#include "kernels/scan.hpp"
 #include "kernels/utf8.hpp"
 
 #include <cstddef>
@@ -20,6 +23,22 @@ inline void countDecision() noexcept
 inline void countDecision() noexcept {}
 #endif
 
+/// The bytes that the characters of a list begin with.
+class HeadBytes {
+public:
+  void add(char byte) noexcept
+  {
+    bytes.add(byte);
+    hasContinuation = hasContinuation || isUtf8Continuation(byte);
+  }
+  bool has(char byte) const noexcept { return bytes.has(byte); }
+  bool haveUtf8Continuation() const noexcept { return hasContinuation; }
+
+private:
+  ByteSet bytes;
+  bool hasContinuation = false;
+};
+
 /// The character set of the locale in force. Ask for it once an operation: programs may change their locale between
 /// any two.
 ///
@@ -29,6 +48,8 @@ class CharacterSet {
 public:
   /// The character set of the locale in force in this thread. Cost: some nanoseconds.
   static CharacterSet current();
+  /// The one in which every byte is a character.
+  static CharacterSet ofBytes() noexcept { return CharacterSet(singleByte, nullptr, true); }
 
   /// Whether every byte is a character.
   bool isSingleByte() const noexcept { return kind == singleByte; }
@@ -36,7 +57,7 @@ public:
   bool isUtf8() const noexcept { return kind == utf8; }
 
   /// The length of the character at `p`. A NUL must follow sooner or later.
-  unsigned length(const char* p) const { return lengthWithin(p, lookAhead); }
+  unsigned length(const char* p) const { return isLoneAscii(*p) ? 1 : lengthWithin(p, lookAhead); }
 
   /// The same, looking at no more than `available` bytes (at least one): a character that is cut off there is no
   /// character.
@@ -53,6 +74,74 @@ public:
   /// Whether a byte, standing alone, is the beginning of a character of several bytes.
   bool beginsLongCharacter(char byte) const;
 
+  /// The offset of the first character in the `end` bytes of `text`, from `begin` on, where one begins, for which
+  /// `claim` holds, given where it begins and its length; or nowhere.
+  template <class Claim>
+  std::size_t firstWhere(const char* text, std::size_t begin, std::size_t end, Claim claim) const
+  {
+    for (std::size_t offset = begin; offset < end;) {
+      const unsigned lengthThere = length(text + offset);
+      if (claim(text + offset, lengthThere))
+        return offset;
+      offset += lengthThere;
+    }
+    return nowhere;
+  }
+
+  /// The same for characters that begin with one of `heads`. Where no other byte can begin one of those, the rest is
+  /// passed over byte by byte.
+  template <class Claim>
+  std::size_t firstWithHead(const char* text, std::size_t begin, std::size_t end, const HeadBytes& heads,
+                            Claim claim) const
+  {
+    const auto isWanted = [&](const char* p, unsigned lengthThere) { return heads.has(*p) && claim(p, lengthThere); };
+    if (!beginAnywhere(heads))
+      return firstWhere(text, begin, end, isWanted);
+    for (std::size_t offset = begin; offset < end; ++offset)
+      if (heads.has(text[offset]) && claim(text + offset, length(text + offset)))
+        return offset;
+    return nowhere;
+  }
+
+  /// Whether each of these bytes begins a character wherever it stands.
+  bool beginAnywhere(const HeadBytes& heads) const noexcept
+  {
+    return kind == singleByte || (kind == utf8 && !heads.haveUtf8Continuation());
+  }
+
+  /// Whether an ASCII byte is a character of its own wherever it stands.
+  bool isAsciiAlone(char byte) const noexcept { return kind != other && isAscii(byte); }
+
+  /// Calls `visit` for every character of a text, with where it begins and its length.
+  template <class Visit>
+  void forEach(const char* text, std::size_t textLength, Visit visit) const
+  {
+    firstWhere(text, 0, textLength, [&](const char* p, unsigned lengthThere) {
+      visit(p, lengthThere);
+      return false;
+    });
+  }
+
+  /// The same for characters that begin with one of `heads`.
+  template <class Visit>
+  void forEachWithHead(const char* text, std::size_t textLength, const HeadBytes& heads, Visit visit) const
+  {
+    firstWithHead(text, 0, textLength, heads, [&](const char* p, unsigned lengthThere) {
+      visit(p, lengthThere);
+      return false;
+    });
+  }
+
+  /// Whether an ASCII byte is a character of its own wherever one begins.
+  bool hasLoneAscii() const noexcept { return asciiStandsAlone; }
+
+  /// How many of the `length` bytes at `p`, where a character begins, are seen at a glance to be characters of their
+  /// own: the ASCII ones in front.
+  std::size_t leadingAscii(const char* p, std::size_t length) const noexcept
+  {
+    return asciiStandsAlone ? asciiPrefix(p, length) : 0;
+  }
+
 private:
   enum Kind { singleByte, utf8, other };
   enum : std::size_t { lookAhead = 16 };
@@ -60,11 +149,16 @@ private:
   /// For each byte, whether it is a character of its own whatever follows it.
   struct OneByteCharacters;
 
-  CharacterSet(Kind kindOfSet, const OneByteCharacters* known) noexcept : kind(kindOfSet), oneByteCharacters(known) {}
+  CharacterSet(Kind kindOfSet, const OneByteCharacters* known, bool asciiAlone) noexcept
+    : kind(kindOfSet), asciiStandsAlone(asciiAlone), oneByteCharacters(known)
+  {
+  }
+  bool isLoneAscii(char byte) const noexcept { return asciiStandsAlone && isAscii(byte); }
   bool isAlwaysOneByte(char byte) const;
   static unsigned askedLength(const char* p, std::size_t available);
 
   Kind kind;
+  bool asciiStandsAlone;                       // no ASCII byte begins a longer character
   const OneByteCharacters* oneByteCharacters;  // null when there was no storage for it
 };
 
@@ -89,7 +183,7 @@ public:
   /// The character that holds the byte at `offset`.
   Character holding(std::size_t offset)
   {
-    if (set.isSingleByte())
+    if (set.isSingleByte() || set.isAsciiAlone(text[offset]))
       return {offset, 1};
     if (offset < floor)
       standAt(0);
@@ -104,7 +198,7 @@ public:
   void standAt(std::size_t offset) noexcept
   {
     floor = offset;
-    if (current.end() < offset || offset < current.offset)
+    if (offset != current.end() && offset != current.offset)
       current = {offset, 0};
   }
 

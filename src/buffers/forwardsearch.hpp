@@ -5,9 +5,9 @@
 
 #include <quelmcl/idbcsb.hpp>
 
+#include "buffers/characterlist.hpp"
 #include "buffers/charactersearch.hpp"
 
-#include <optional>
 #include <typeinfo>
 
 namespace quelmcl::detail {
@@ -17,35 +17,47 @@ namespace quelmcl::detail {
 /// the front.
 class ForwardSearch {
 public:
-  explicit ForwardSearch(const IBuffer& searched) : text(searched)
+  explicit ForwardSearch(const IBuffer& searched)
+    : text(searched),
+      isBytes(typeid(searched) == typeid(IBuffer)),
+      isOwnKind(isBytes || typeid(searched) == typeid(IDBCSBuffer)),
+      search(searched, isBytes ? CharacterSet::ofBytes() : CharacterSet::current())
   {
-    if (typeid(searched) == typeid(IDBCSBuffer))  // a class derived from it may search in its own way
-      byCharacters.emplace(searched);
   }
 
   unsigned indexOf(const char* pSearchString, unsigned searchLen, unsigned startPos)
   {
-    return byCharacters ? byCharacters->indexOf(pSearchString, searchLen, startPos)
-                        : text.indexOf(pSearchString, searchLen, startPos);
+    if (!isOwnKind)
+      return text.indexOf(pSearchString, searchLen, startPos);
+    const unsigned start = search.forwardStart(startPos, searchLen);
+    return searchLen == 0 ? 0 : search.firstText(pSearchString, searchLen, start);
   }
+
   unsigned indexOf(const IStringTest& test, unsigned startPos)
   {
-    return byCharacters ? byCharacters->indexOfAnyOf(test, startPos) : text.indexOf(test, startPos);
+    return isOwnKind ? search.firstBytePassing(test, search.forwardStart(startPos, 1)) : text.indexOf(test, startPos);
   }
-  unsigned indexOfAnyOf(const char* pValidChars, unsigned numValidChars, unsigned startPos)
+
+  /// A list of two or more characters to search for, prepared once for many searches.
+  CharacterList listOf(const char* pChars, unsigned count) const { return {search.characters(), pChars, count}; }
+
+  unsigned indexOfAnyOf(const CharacterList& list, unsigned startPos)
   {
-    return byCharacters ? byCharacters->indexOfAnyOf(pValidChars, numValidChars, startPos)
-                        : text.indexOfAnyOf(pValidChars, numValidChars, startPos);
+    return isOwnKind ? search.firstMember(list, search.forwardStart(startPos, 1))
+                     : text.indexOfAnyOf(list.text(), list.length(), startPos);
   }
-  unsigned indexOfAnyBut(const char* pValidChars, unsigned numValidChars, unsigned startPos)
+
+  unsigned indexOfAnyBut(const CharacterList& list, unsigned startPos)
   {
-    return byCharacters ? byCharacters->indexOfAnyBut(pValidChars, numValidChars, startPos)
-                        : text.indexOfAnyBut(pValidChars, numValidChars, startPos);
+    return isOwnKind ? search.firstOther(list, search.forwardStart(startPos, 1))
+                     : text.indexOfAnyBut(list.text(), list.length(), startPos);
   }
 
 private:
   const IBuffer& text;
-  std::optional<CharacterSearch> byCharacters;
+  bool isBytes;
+  bool isOwnKind;  // a class derived from ours may search in its own way, and is asked to
+  CharacterSearch search;
 };
 
 }  // namespace quelmcl::detail

@@ -3,7 +3,7 @@
 // Tests: tests/buffers/classification_test.cpp
 #include <quelmcl/ibuffer.hpp>
 
-#include "kernels/scan.hpp"
+#include "kernels/ascii.hpp"
 
 #include <cctype>
 
@@ -46,8 +46,7 @@ int IBuffer::isAlphabetic() const
 
 int IBuffer::isASCII() const
 {
-  const auto isAbove = [](char byte) { return (static_cast<unsigned char>(byte) & 0x80) != 0; };
-  return len > 0 && quelmcl::detail::firstWhere(contents(), len, isAbove) == quelmcl::detail::nowhere;
+  return len > 0 && quelmcl::detail::asciiPrefix(contents(), len) == len;
 }
 
 int IBuffer::isControl() const

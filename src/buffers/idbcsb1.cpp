@@ -76,22 +76,22 @@ namespace {
 template <class Claim>
 bool isEvery(const IBuffer& buffer, Claim claim)
 {
-  const CharacterSet set = CharacterSet::current();
-  const char* const end = buffer.contents() + buffer.length();
-  for (const char* p = buffer.contents(); p < end;) {
-    const unsigned length = set.length(p);
-    if (!claim(p, length))
-      return false;
-    p += length;
-  }
-  return true;
+  const auto isOther = [&](const char* p, unsigned length) { return !claim(p, length); };
+  return CharacterSet::current().firstWhere(buffer.contents(), 0, buffer.length(), isOther) == quelmcl::detail::nowhere;
 }
 
 }  // namespace
 
 int IDBCSBuffer::isSBCS() const
 {
-  return isEvery(*this, [](const char*, unsigned length) { return length == 1; });
+  const CharacterSet set = CharacterSet::current();
+  for (unsigned offset = 0;; ++offset) {
+    offset += static_cast<unsigned>(set.leadingAscii(contents() + offset, len - offset));
+    if (offset >= len)
+      return true;
+    if (set.length(contents() + offset) > 1)
+      return false;
+  }
 }
 
 int IDBCSBuffer::isMBCS() const

@@ -3,7 +3,6 @@
 // Tests: tests/buffers/multibyte_editing_test.cpp
 #include <quelmcl/idbcsb.hpp>
 
-#include "buffers/charactersearch.hpp"
 #include "buffers/editing.hpp"
 #include "buffers/repair.hpp"
 #include "buffers/translation.hpp"
@@ -12,11 +11,15 @@
 #include <cstdint>
 #include <limits>
 
-using quelmcl::detail::Character;
-using quelmcl::detail::CharacterSearch;
+using quelmcl::detail::asciiBlock;
+using quelmcl::detail::ByteMap;
 using quelmcl::detail::CharacterSet;
 using quelmcl::detail::CharacterWalk;
+using quelmcl::detail::nowhere;
 using quelmcl::detail::Repair;
+using quelmcl::detail::reverseAsciiBlocks;
+using quelmcl::detail::Translation;
+using quelmcl::detail::transTable;
 
 // ---- fitting into a length ----
 
@@ -94,16 +97,15 @@ namespace {
 template <class Claim, class Change>
 IBuffer* editOneByteCharacters(IBuffer* buffer, Claim claim, Change change)
 {
-  IBuffer* result = nullptr;
-  CharacterWalk walk(CharacterSet::current(), buffer->contents());
-  for (Character at = walk.holding(0); at.offset < buffer->length(); at = walk.holding(at.end())) {
-    if (at.length > 1 || !claim(buffer->contents()[at.offset]))
-      continue;
-    if (result == nullptr)
-      result = quelmcl::detail::editable(buffer);
-    change(result->contents() + at.offset, 1);
-  }
-  return result == nullptr ? buffer->addRef() : result;
+  const CharacterSet set = CharacterSet::current();
+  const auto isWanted = [&](const char* p, unsigned length) { return length == 1 && claim(*p); };
+  std::size_t found = set.firstWhere(buffer->contents(), 0, buffer->length(), isWanted);
+  if (found == nowhere)
+    return buffer->addRef();
+  IBuffer* const result = quelmcl::detail::editable(buffer);
+  for (; found != nowhere; found = set.firstWhere(result->contents(), found + 1, result->length(), isWanted))
+    change(result->contents() + found, 1);
+  return result;
 }
 
 /// Whether letters are found byte by byte: no byte of a longer character can be one.
@@ -129,18 +131,40 @@ IBuffer* IDBCSBuffer::upperCase()
   return editOneByteCharacters(this, quelmcl::detail::isAsciiLower, quelmcl::detail::upperAscii);
 }
 
+namespace {
+
+/// Copies one character. Most have so few bytes that a call would cost more than the copy.
+void copyCharacter(const char* from, unsigned length, char* to)
+{
+  to[0] = from[0];
+  if (length > 1)
+    to[1] = from[1];
+  if (length > 2)
+    to[2] = from[2];
+  if (length > 3)
+    std::memcpy(to + 3, from + 3, length - 3);
+}
+
+}  // namespace
+
 IBuffer* IDBCSBuffer::reverse()
 {
   if (len < 2)
     return addRef();
   IBuffer* const result = allocate(len);
   const CharacterSet set = CharacterSet::current();
-  char* front = result->contents() + len;
-  for (unsigned offset = 0; offset < len;) {
-    const unsigned length = set.length(contents() + offset);
-    front -= length;
-    std::memcpy(front, contents() + offset, length);
-    offset += length;
+  const char* const end = contents() + len;
+  char* to = result->contents() + len;
+  for (const char* from = contents(); from < end;) {
+    const std::size_t blocks = set.hasLoneAscii() ? reverseAsciiBlocks(from, end, to) : 0;
+    from += blocks;
+    to -= blocks;
+    for (const char* const stop = std::min(from + asciiBlock, end); from < stop;) {
+      const unsigned length = set.length(from);
+      to -= length;
+      copyCharacter(from, length, to);
+      from += length;
+    }
   }
   return result;
 }
@@ -149,36 +173,50 @@ IBuffer* IDBCSBuffer::translate(const char* pInputChars, unsigned inputLen, cons
                                 unsigned outputLen, char padCharacter)
 {
   const CharacterSet set = CharacterSet::current();
-  const quelmcl::detail::Translation table(set, pInputChars, inputLen, pOutputChars, outputLen, padCharacter);
+  const Translation table(set, pInputChars, inputLen, pOutputChars, outputLen, padCharacter);
+  if (table.isOfBytes()) {
+    IBuffer* const result = newBuffer(contents(), len, nullptr, 0, nullptr, 0, 0);
+    ByteMap(pInputChars, inputLen, pOutputChars, outputLen, padCharacter).apply(result->contents(), len);
+    return result;
+  }
+
+  const auto forEachTranslated = [&](auto visit) {
+    set.forEachWithHead(contents(), len, table.headBytes(), [&](const char* p, unsigned length) {
+      if (const transTable* const entry = table.entryFor(p, length))
+        visit(p, *entry);
+    });
+  };
+
+  if (table.keepsLengths()) {
+    IBuffer* const result = newBuffer(contents(), len, nullptr, 0, nullptr, 0, 0);
+    forEachTranslated([&](const char* p, const transTable& entry) {
+      copyCharacter(entry.out, entry.outLen, result->contents() + (p - contents()));
+    });
+    return result;
+  }
 
   std::int64_t added = 0;
-  CharacterWalk measuring(set, contents());
-  for (Character at = measuring.holding(0); at.offset < len; at = measuring.holding(at.end()))
-    if (const auto* const entry = table.entryFor(contents() + at.offset, at.length))
-      added += entry->difference;
+  forEachTranslated([&](const char*, const transTable& entry) { added += entry.difference; });
   if (added < 0 || added > std::numeric_limits<unsigned>::max())
     overflow();
 
   IBuffer* const result = newBuffer(contents(), len, nullptr, static_cast<unsigned>(added), nullptr, 0, ' ');
   char* end = result->contents();
-  unsigned done = 0;
+  const char* rest = contents();
   const auto append = [&end](const char* bytes, std::size_t count) {
     std::memcpy(end, bytes, count);
     end += count;
   };
-  CharacterWalk filling(set, contents());
-  for (Character at = filling.holding(0); at.offset < len; at = filling.holding(at.end())) {
-    const auto* const entry = table.entryFor(contents() + at.offset, at.length);
-    if (entry == nullptr)
-      continue;
-    append(contents() + done, at.offset - done);
-    append(entry->out, entry->outLen);
-    done = static_cast<unsigned>(at.end());
-  }
+  forEachTranslated([&](const char* p, const transTable& entry) {
+    append(rest, static_cast<std::size_t>(p - rest));
+    copyCharacter(entry.out, entry.outLen, end);
+    end += entry.outLen;
+    rest = p + entry.inLen;
+  });
   // Deliberate: the rest ends with its first NUL; behind it stands what stood there in the text made longer by blanks.
   // Test: MultiByteEditing.ATranslationTakesTheRestOverUpToItsFirstNul
   if (len > 0)
-    append(contents() + done, strnlen(contents() + done, len - done) + 1);
+    append(rest, strnlen(rest, static_cast<std::size_t>(contents() + len - rest)) + 1);
   return result;
 }
 

@@ -35,18 +35,28 @@ public:
       entry.out[0] = padCharacter;
       entry.outLen = out.left > 0 ? out.take(entry.out) : std::uint8_t{1};
       entry.difference = entry.outLen - entry.inLen;
+      ofBytes = ofBytes && entry.outLen == 1 && set.isAsciiAlone(entry.in[0]);
+      hasDifferences = hasDifferences || entry.difference != 0;
+      heads.add(entry.in[0]);
       entries.push_back(entry);
     }
     for (std::size_t i = entries.size(); i > 0; --i)  // backwards, so that the first place of a byte is noted last
       if (entries[i - 1].inLen == 1)
-        entryOfByte[static_cast<unsigned char>(entries[i - 1].in[0])] = i;
+        entryOfByte[static_cast<unsigned char>(entries[i - 1].in[0])] = static_cast<std::uint32_t>(i);
   }
+
+  /// Whether bytes become bytes, and no byte of a longer character is meant.
+  bool isOfBytes() const noexcept { return ofBytes; }
+  /// Whether every character has as many bytes as what it becomes.
+  bool keepsLengths() const noexcept { return !hasDifferences; }
+  /// What the input characters begin with.
+  const HeadBytes& headBytes() const noexcept { return heads; }
 
   /// What becomes of the character of `length` bytes at `p`; null when it stays.
   const transTable* entryFor(const char* p, unsigned length) const
   {
     if (length == 1) {
-      const std::size_t place = entryOfByte[static_cast<unsigned char>(*p)];
+      const std::uint32_t place = entryOfByte[static_cast<unsigned char>(*p)];
       return place == 0 ? nullptr : &entries[place - 1];
     }
     for (const transTable& entry : entries)
@@ -73,7 +83,10 @@ private:
   };
 
   std::vector<transTable> entries;
-  std::size_t entryOfByte[256] = {};  // counted from 1
+  std::uint32_t entryOfByte[256] = {};  // counted from 1
+  HeadBytes heads;
+  bool hasDifferences = false;
+  bool ofBytes = true;
 };
 
 }  // namespace quelmcl::detail

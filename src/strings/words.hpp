@@ -19,17 +19,20 @@ struct Word {
 /// Goes over the words of a text from a position on. The buffer must not change meanwhile.
 class WordReader {
 public:
-  explicit WordReader(const IBuffer& read, unsigned startPos = 1) : text(read), search(read), from(startPos) {}
+  explicit WordReader(const IBuffer& read, unsigned startPos = 1)
+    : text(read), search(read), separators(search.listOf(whiteSpace, whiteSpaceCount)), from(startPos)
+  {
+  }
 
   /// The next word, or position 0 when there is none.
   Word next()
   {
-    const unsigned start = from == 0 ? 0 : search.indexOfAnyBut(whiteSpace, whiteSpaceCount, from);
+    const unsigned start = from == 0 ? 0 : search.indexOfAnyBut(separators, from);
     if (start == 0) {
       from = 0;
       return {0, 0};
     }
-    from = search.indexOfAnyOf(whiteSpace, whiteSpaceCount, start);
+    from = search.indexOfAnyOf(separators, start);
     const unsigned end = from == 0 ? text.length() + 1 : from;
     return {start, end - start};
   }
@@ -37,6 +40,7 @@ public:
 private:
   const IBuffer& text;
   ForwardSearch search;
+  CharacterList separators;
   unsigned from;
 };
 

@@ -179,6 +179,8 @@ TEST_P(Linearity, ADecisionOrTwoForEachCharacterWhateverTheSize)
   const LocaleInForce locale(texts().locale);
   for (const std::string& pattern : texts().patterns)
     for (const unsigned size : {1u << 10, 1u << 16, 1u << 20}) {
+      if (size > 1u << 16 && &pattern != &texts().patterns.front())
+        continue;  // the mixed text shows that nothing bends upwards; all of them would take minutes
       Subject subject(repeated(pattern, size));
       const unsigned long before = quelmcl::detail::characterDecisions;
       operation().run(subject);
@@ -210,11 +212,12 @@ TEST(LinearityItself, EveryDecisionIsCounted)
   const LocaleInForce locale("ja_JP.SJIS");
   const Subject subject(repeated("a\x83\x5C", 3000));
   unsigned long before = quelmcl::detail::characterDecisions;
-  IDBCSBuffer::charLength("a");
+  IDBCSBuffer::charLength("\x83\x5C");
   EXPECT_EQ(quelmcl::detail::characterDecisions - before, 1u);
   before = quelmcl::detail::characterDecisions;
   drop(subject.buffer->reverse());
-  EXPECT_EQ(quelmcl::detail::characterDecisions - before, 2000u) << "as many as there are characters";
+  EXPECT_EQ(quelmcl::detail::characterDecisions - before, 1000u)
+    << "as many as there are characters that are not seen at a glance to have one byte";
 }
 
 }  // namespace

