@@ -22,8 +22,9 @@ set(testEnvironmentChanges "KOLTA MSGFILE=unset:" LANGUAGE=unset:)
 # quelmcl_add_test(<folder> SOURCES <file>... [LIBRARY_SOURCES <file>...] [LIBRARY <target>] [LOCALES <locale>...])
 #
 # Builds the test program of a folder and registers each of its tests once for every locale: plainly for C, with "utf8/" before the
-# name for C.UTF-8, and likewise for the others. A folder without sources yet is skipped. LIBRARY_SOURCES, relative to src/, are compiled into the program: what
-# the library does not export is tested that way. LIBRARY is tested instead of the library that is shipped.
+# name for C.UTF-8, and likewise for the others. A folder without sources yet is skipped. LIBRARY_SOURCES, relative to src/, are
+# compiled into the program: what the library does not export is tested that way. LIBRARY is tested instead of the library that is
+# shipped.
 function(quelmcl_add_test folder)
   cmake_parse_arguments(arg "" "LIBRARY" "SOURCES;LIBRARY_SOURCES;LOCALES" ${ARGN})
   if(arg_UNPARSED_ARGUMENTS)

@@ -103,7 +103,8 @@ public:
   IBuffer* reverse() override;
   /// A character cut at the front is overwritten with pad characters.
   IBuffer* rightJustify(unsigned newLength, char padCharacter) override;
-  /// Keeps the last character whole.
+  /// Keeps the last character whole. Deliberate: of a single byte that begins a longer character, a search from the
+  /// back finds nothing to keep, so stripping the end by it leaves the null buffer.
   IBuffer* strip(const char* pChars, unsigned count, IStringEnum::StripMode mode) override;
   /// Keeps the last character whole.
   IBuffer* strip(const IStringTest& aTest, IStringEnum::StripMode mode) override;

@@ -292,8 +292,8 @@ public:
   unsigned lastIndexOfAnyOf(char searchChar, unsigned startPos = quelmcl::detail::allOfIt) const;
   unsigned lastIndexOfAnyOf(const IStringTest& aTest, unsigned startPos = quelmcl::detail::allOfIt) const;
 
-  /// How often the text occurs from `startPos` on, occurrences not overlapping; or how many bytes are the character
-  /// or pass.
+  /// How often the text occurs from `startPos` on, occurrences not overlapping; or how many bytes pass, or are the
+  /// character; in the multi-byte kind, how many characters begin with it.
   unsigned occurrencesOf(const IString& aString, unsigned startPos = 1) const;
   unsigned occurrencesOf(const char* pString, unsigned startPos = 1) const;
   unsigned occurrencesOf(char aCharacter, unsigned startPos = 1) const;
@@ -371,7 +371,9 @@ public:
   IString& stripTrailing(const IStringTest& aTest);
 
   /// Replaces every byte that is in the input list by the byte at the same place of the output list, or by the pad
-  /// character where that list is shorter. If a byte is listed twice, its first place counts.
+  /// character where that list is shorter. If a byte is listed twice, its first place counts. In the multi-byte kind
+  /// the lists are of characters, always a new buffer is made, and a text that would become shorter by it is refused
+  /// with IInvalidRequest (1010).
   IString& translate(const IString& inputChars, const IString& outputChars, char padCharacter = ' ');
   IString& translate(const IString& inputChars, const char* pOutputChars, char padCharacter = ' ');
   IString& translate(const char* pInputChars, const IString& outputChars, char padCharacter = ' ');
