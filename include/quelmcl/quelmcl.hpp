@@ -13,6 +13,7 @@
 #include <quelmcl/iexcept.hpp>
 #include <quelmcl/imsgtext.hpp>
 #include <quelmcl/iplatfrm.hpp>
+#include <quelmcl/istparse.hpp>
 #include <quelmcl/istrenum.hpp>
 #include <quelmcl/istring.hpp>
 #include <quelmcl/istrtest.hpp>

@@ -674,6 +674,59 @@ std::string passOn(const IString& text)
   return bytes(text);
 }
 
+TEST(ParsingExpressions, TakeVariablesPatternsAndPositions)
+{
+  Operands o;
+  IString a, b;
+  const IString text("abc,def");
+  char buf[8] = ",";
+  text >> o.t;
+  EXPECT_EQ("abc,def", bytes(o.t));
+  text >> a >> ",";
+  EXPECT_EQ("abc", bytes(a));
+  text >> a >> ',';
+  EXPECT_EQ("abc", bytes(a));
+  text >> a >> buf >> b;
+  EXPECT_EQ("def", bytes(b));
+  text >> a >> IString(",") >> b;
+  EXPECT_EQ("def", bytes(b));
+  const IString comma(",");
+  text >> a >> comma >> b;
+  EXPECT_EQ("def", bytes(b));
+  text >> a >> o.t[4] >> b;
+  EXPECT_EQ("def", bytes(b));
+  text >> a >> ispunct >> b;
+  EXPECT_EQ(",def", bytes(b));
+  text >> 4 >> b;
+  EXPECT_EQ("def", bytes(b));
+  text >> 4 >> -2 >> b;
+  EXPECT_EQ("c,def", bytes(b));
+  text >> 2ul >> b;
+  EXPECT_EQ("c,def", bytes(b));
+  text >> comma.length() >> b;
+  EXPECT_EQ("bc,def", bytes(b));
+  text >> 2L >> b;
+  EXPECT_EQ("c,def", bytes(b));
+  text << 3 >> b;
+  EXPECT_EQ("c,def", bytes(b));
+  IString("one two three") >> IStringParser::skipWord >> b;
+  EXPECT_EQ("two three", bytes(b));
+  IString("one two three") >> IStringParser::SkipWords(2) >> b;
+  EXPECT_EQ("three", bytes(b));
+}
+
+TEST(ParsingExpressions, BeginWithConstantsLiteralsAndTemporaries)
+{
+  Operands o;
+  o.c >> o.t;
+  EXPECT_EQ("abc", bytes(o.t));
+  "a b" >> o.t;
+  EXPECT_EQ("a b", bytes(o.t));
+  IString("a b") >> o.s >> o.t;
+  EXPECT_EQ("a", bytes(o.s));
+  EXPECT_EQ("b", bytes(o.t));
+}
+
 TEST(ArgumentExpressions, ConvertToStringParameters)
 {
   EXPECT_TRUE(takesString("x"));
