@@ -87,14 +87,13 @@ unsigned CharacterSearch::lastCharacter(unsigned start, Claim claim)
   return 0;
 }
 
-/// The first byte from `start` on for which `claim` holds.
-template <class Claim>
-unsigned CharacterSearch::firstByte(unsigned start, Claim claim) const
+/// The first byte from `start` on that is in the set, or is not.
+unsigned CharacterSearch::firstByte(unsigned start, const ByteSet& set, bool wanted) const
 {
   if (start == 0)
     return 0;
   const unsigned skipped = start - 1;
-  const std::size_t at = firstWhere(text + skipped, length - skipped, claim);
+  const std::size_t at = findMember(text + skipped, length - skipped, set, wanted);
   return at == nowhere ? 0 : positionOf(skipped + at);
 }
 
@@ -138,7 +137,7 @@ unsigned CharacterSearch::lastText(const char* sought, unsigned soughtLen, unsig
 unsigned CharacterSearch::firstMember(const CharacterList& list, unsigned start)
 {
   if (list.isOfBytes())
-    return firstByte(start, [&](char byte) { return list.bytes().has(byte); });
+    return firstByte(start, list.bytes(), true);
   if (start == 0)
     return 0;
   return found(characters().firstWithHead(text, start - 1, length, list.headBytes(),
@@ -148,21 +147,21 @@ unsigned CharacterSearch::firstMember(const CharacterList& list, unsigned start)
 unsigned CharacterSearch::firstOther(const CharacterList& list, unsigned start)
 {
   if (list.isOfBytes())
-    return firstByte(start, [&](char byte) { return !list.bytes().has(byte); });
+    return firstByte(start, list.bytes(), false);
   return firstCharacter(start, [&](const char* p, unsigned n) { return !list.has(p, n); });
 }
 
 unsigned CharacterSearch::lastMember(const CharacterList& list, unsigned start)
 {
   if (list.isOfBytes())
-    return positionOf(lastWhere(text, start, [&](char byte) { return list.bytes().has(byte); }));
+    return positionOf(findLastMember(text, start, list.bytes()));
   return lastCharacter(start, [&](const char* p, unsigned n) { return list.has(p, n); });
 }
 
 unsigned CharacterSearch::lastOther(const CharacterList& list, unsigned start)
 {
   if (list.isOfBytes()) {
-    const std::size_t other = lastWhere(text, start, [&](char byte) { return !list.bytes().has(byte); });
+    const std::size_t other = findLastMember(text, start, list.bytes(), false);
     return other == nowhere ? 0 : positionOf(walk.holding(other).offset);
   }
   return lastCharacter(start, [&](const char* p, unsigned n) { return !list.has(p, n); });
@@ -172,7 +171,11 @@ unsigned CharacterSearch::lastOther(const CharacterList& list, unsigned start)
 
 unsigned CharacterSearch::firstBytePassing(const IStringTest& test, unsigned start) const
 {
-  return firstByte(start, [&](char byte) { return passes(test, byte); });
+  if (start == 0)
+    return 0;
+  const unsigned skipped = start - 1;
+  const std::size_t at = firstWhere(text + skipped, length - skipped, [&](char byte) { return passes(test, byte); });
+  return at == nowhere ? 0 : positionOf(skipped + at);
 }
 
 unsigned CharacterSearch::firstFailing(const IStringTest& test, unsigned start)

@@ -56,8 +56,7 @@ private:
   unsigned firstCharacter(unsigned start, Claim claim);
   template <class Claim>
   unsigned lastCharacter(unsigned start, Claim claim);
-  template <class Claim>
-  unsigned firstByte(unsigned start, Claim claim) const;
+  unsigned firstByte(unsigned start, const ByteSet& set, bool wanted) const;
 
   const char* text;
   unsigned length;

@@ -41,6 +41,11 @@ public:
   /// A list of two or more characters to search for, prepared once for many searches.
   CharacterList listOf(const char* pChars, unsigned count) const { return {search.characters(), pChars, count}; }
 
+  /// Whether members of the list can be found by looking at bytes, without asking the buffer.
+  bool findsByBytes(const CharacterList& list) const { return isOwnKind && list.isOfBytes(); }
+  /// Where a search for one character begins that starts at a position.
+  unsigned start(unsigned startPos) { return search.forwardStart(startPos, 1); }
+
   unsigned indexOfAnyOf(const CharacterList& list, unsigned startPos)
   {
     return isOwnKind ? search.firstMember(list, search.forwardStart(startPos, 1))

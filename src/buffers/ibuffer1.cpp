@@ -3,7 +3,7 @@
 // Tests: tests/buffers/classification_test.cpp
 #include <quelmcl/ibuffer.hpp>
 
-#include "kernels/ascii.hpp"
+#include "kernels/vectors.hpp"
 
 #include <cctype>
 
@@ -46,7 +46,7 @@ int IBuffer::isAlphabetic() const
 
 int IBuffer::isASCII() const
 {
-  return len > 0 && quelmcl::detail::asciiPrefix(contents(), len) == len;
+  return len > 0 && quelmcl::detail::vectors().asciiPrefix(contents(), len) == len;
 }
 
 int IBuffer::isControl() const

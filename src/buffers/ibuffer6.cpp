@@ -4,7 +4,6 @@
 #include <quelmcl/ibuffer.hpp>
 
 #include "buffers/searchstart.hpp"
-#include "kernels/byteset.hpp"
 #include "kernels/textsearch.hpp"
 
 #include <cstring>
@@ -37,19 +36,13 @@ unsigned lastUpTo(const IBuffer& buffer, unsigned start, Claim claim)
   return positionOf(quelmcl::detail::lastWhere(buffer.contents(), start, claim));
 }
 
-auto isIn(const ByteSet& set)
+/// The position of the first byte from `start` on (not 0) that is in the set, or (not `wanted`) is not; or 0.
+unsigned firstFrom(const IBuffer& buffer, unsigned start, const ByteSet& set, bool wanted)
 {
-  return [&set](char byte) { return set.has(byte); };
-}
-
-auto isNotIn(const ByteSet& set)
-{
-  return [&set](char byte) { return !set.has(byte); };
-}
-
-auto isNot(char other)
-{
-  return [other](char byte) { return byte != other; };
+  const unsigned skipped = start - 1;
+  const std::size_t offset =
+    quelmcl::detail::findMember(buffer.contents() + skipped, buffer.length() - skipped, set, wanted);
+  return offset == nowhere ? 0 : positionOf(skipped + offset);
 }
 
 // A test sees a byte as the number that a char is: 0x80 to 0xFF are negative.
@@ -107,7 +100,7 @@ unsigned IBuffer::indexOfAnyOf(const char* pValidChars, unsigned numValidChars, 
   if (start == 0 || numValidChars == 0)
     return 0;
   if (numValidChars > 1)
-    return firstFrom(*this, start, isIn(ByteSet(pValidChars, numValidChars)));
+    return firstFrom(*this, start, ByteSet(pValidChars, numValidChars), true);
   const void* const found =
     std::memchr(contents() + start - 1, static_cast<unsigned char>(*pValidChars), len - start + 1);
   return found == nullptr ? 0 : positionOf(static_cast<std::size_t>(static_cast<const char*>(found) - contents()));
@@ -118,9 +111,7 @@ unsigned IBuffer::indexOfAnyBut(const char* pValidChars, unsigned numValidChars,
   const unsigned start = startSearch(startPos, 1);
   if (start == 0 || numValidChars == 0)
     return start;
-  if (numValidChars > 1)
-    return firstFrom(*this, start, isNotIn(ByteSet(pValidChars, numValidChars)));
-  return firstFrom(*this, start, isNot(*pValidChars));
+  return firstFrom(*this, start, ByteSet(pValidChars, numValidChars), false);
 }
 
 unsigned IBuffer::lastIndexOfAnyOf(const char* pValidChars, unsigned numValidChars, unsigned startPos) const
@@ -129,7 +120,7 @@ unsigned IBuffer::lastIndexOfAnyOf(const char* pValidChars, unsigned numValidCha
   if (start == 0 || numValidChars == 0)
     return 0;
   if (numValidChars > 1)
-    return lastUpTo(*this, start, isIn(ByteSet(pValidChars, numValidChars)));
+    return positionOf(quelmcl::detail::findLastMember(contents(), start, ByteSet(pValidChars, numValidChars)));
   const void* const found = memrchr(contents(), static_cast<unsigned char>(*pValidChars), start);
   return found == nullptr ? 0 : positionOf(static_cast<std::size_t>(static_cast<const char*>(found) - contents()));
 }
@@ -139,9 +130,7 @@ unsigned IBuffer::lastIndexOfAnyBut(const char* pValidChars, unsigned numValidCh
   const unsigned start = startBackwardsSearch(startPos, 1);
   if (start == 0 || numValidChars == 0)
     return start;
-  if (numValidChars > 1)
-    return lastUpTo(*this, start, isNotIn(ByteSet(pValidChars, numValidChars)));
-  return lastUpTo(*this, start, isNot(*pValidChars));
+  return positionOf(quelmcl::detail::findLastMember(contents(), start, ByteSet(pValidChars, numValidChars), false));
 }
 
 // ---- tests ----

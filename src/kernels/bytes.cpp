@@ -2,6 +2,8 @@
 // Tests: tests/kernels/bytes_test.cpp
 #include "kernels/bytes.hpp"
 
+#include "kernels/vectors.hpp"
+
 #include <algorithm>
 #include <cstring>
 
@@ -9,43 +11,40 @@ namespace quelmcl::detail {
 
 namespace {
 
-constexpr char caseDistance = 'a' - 'A';
+using Combine = void (*)(char* text, const char* other, std::size_t length) noexcept;
 
-template <class Combine>
+/// Keys shorter than this are repeated first, so that there are fewer and longer pieces to combine.
+constexpr std::size_t shortKey = 128;
+
 void combineBytes(char* text, std::size_t length, const char* key, std::size_t keyLength, Combine combine) noexcept
 {
-  if (keyLength == 1) {
-    const char only = key[0];
-    for (std::size_t i = 0; i < length; ++i)
-      text[i] = static_cast<char>(combine(text[i], only));
-    return;
+  char repeated[2 * shortKey];
+  if (keyLength < shortKey && keyLength < length) {
+    const std::size_t whole = sizeof repeated / keyLength * keyLength;
+    std::memcpy(repeated, key, keyLength);
+    repeatBytes(repeated, keyLength, whole);
+    key = repeated;
+    keyLength = whole;
   }
-  while (length > 0) {
-    const std::size_t chunk = std::min(length, keyLength);
-    for (std::size_t i = 0; i < chunk; ++i)
-      text[i] = static_cast<char>(combine(text[i], key[i]));
-    text += chunk;
-    length -= chunk;
-  }
+  for (std::size_t done = 0; done < length; done += keyLength)
+    combine(text + done, key, std::min(keyLength, length - done));
 }
 
 }  // namespace
 
 void lowerAscii(char* text, std::size_t length) noexcept
 {
-  for (std::size_t i = 0; i < length; ++i)
-    text[i] = static_cast<char>(text[i] + (isAsciiUpper(text[i]) ? caseDistance : 0));
+  vectors().lower(text, length);
 }
 
 void upperAscii(char* text, std::size_t length) noexcept
 {
-  for (std::size_t i = 0; i < length; ++i)
-    text[i] = static_cast<char>(text[i] - (isAsciiLower(text[i]) ? caseDistance : 0));
+  vectors().upper(text, length);
 }
 
 void reverseBytes(char* text, std::size_t length) noexcept
 {
-  std::reverse(text, text + length);
+  vectors().reverse(text, length);
 }
 
 void complementBytes(const char* from, std::size_t length, char* to) noexcept
@@ -71,17 +70,17 @@ void ByteMap::apply(char* text, std::size_t length) const noexcept
 
 void andBytes(char* text, std::size_t length, const char* key, std::size_t keyLength) noexcept
 {
-  combineBytes(text, length, key, keyLength, [](int a, int b) { return a & b; });
+  combineBytes(text, length, key, keyLength, vectors().bitAnd);
 }
 
 void orBytes(char* text, std::size_t length, const char* key, std::size_t keyLength) noexcept
 {
-  combineBytes(text, length, key, keyLength, [](int a, int b) { return a | b; });
+  combineBytes(text, length, key, keyLength, vectors().bitOr);
 }
 
 void exclusiveOrBytes(char* text, std::size_t length, const char* key, std::size_t keyLength) noexcept
 {
-  combineBytes(text, length, key, keyLength, [](int a, int b) { return a ^ b; });
+  combineBytes(text, length, key, keyLength, vectors().bitExclusiveOr);
 }
 
 void repeatBytes(char* text, std::size_t unitLength, std::size_t length) noexcept

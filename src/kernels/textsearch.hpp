@@ -3,7 +3,7 @@
 #ifndef QUELMCL_SRC_KERNELS_TEXTSEARCH_HPP
 #define QUELMCL_SRC_KERNELS_TEXTSEARCH_HPP
 
-#include "kernels/scan.hpp"
+#include "kernels/vectors.hpp"
 
 #include <algorithm>
 #include <cstring>
@@ -32,10 +32,14 @@ struct Forward {
   /// The offset of the place that is `passed` places behind the one to begin with.
   static std::size_t placeAfter(std::size_t passed, std::size_t) noexcept { return passed; }
 
-  /// How many places must be passed, at least `passed`, until one holds `byte`; nowhere when none does.
-  static std::size_t nextPlace(const char* text, std::size_t places, std::size_t passed, char byte) noexcept
+  /// How many places must be passed, at least `passed`, until one begins with the needle's first byte and ends with its
+  /// last; nowhere when none does.
+  static std::size_t nextPlace(const char* text, std::size_t places, std::size_t passed, const char* needle,
+                               std::size_t needleLength) noexcept
   {
-    const void* const found = std::memchr(text + passed, static_cast<unsigned char>(byte), places - passed);
+    if (needleLength > 1)
+      return vectors().firstPair(text, places, passed, needle[0], needle[needleLength - 1], needleLength - 1);
+    const void* const found = std::memchr(text + passed, static_cast<unsigned char>(*needle), places - passed);
     return found == nullptr ? nowhere : static_cast<std::size_t>(static_cast<const char*>(found) - text);
   }
 };
@@ -53,10 +57,12 @@ struct Backward {
 
   static std::size_t placeAfter(std::size_t passed, std::size_t places) noexcept { return places - 1 - passed; }
 
-  static std::size_t nextPlace(const char* text, std::size_t places, std::size_t passed, char byte) noexcept
+  static std::size_t nextPlace(const char* text, std::size_t places, std::size_t passed, const char* needle,
+                               std::size_t needleLength) noexcept
   {
-    const void* const found = memrchr(text, static_cast<unsigned char>(byte), places - passed);
-    return found == nullptr ? nowhere : places - 1 - static_cast<std::size_t>(static_cast<const char*>(found) - text);
+    const std::size_t found =
+      vectors().lastPair(text, places - passed, needle[0], needle[needleLength - 1], needleLength - 1);
+    return found == nowhere ? nowhere : places - 1 - found;
   }
 };
 
@@ -156,9 +162,9 @@ private:
   bool isPeriodic;
 };
 
-/// All occurrences of a needle, also those that overlap, in the order of the direction. The C library finds
-/// candidates by the needle's first byte; when too many of them have been looked at for the progress made, the linear
-/// algorithm takes over. Together all calls of next() are linear in the text and the needle. No allocation.
+/// All occurrences of a needle, also those that overlap, in the order of the direction. Candidates are places that
+/// begin and end as the needle does, which vectors find; when too many of them have been looked at for the progress
+/// made, the linear algorithm takes over. Together all calls of next() are linear in the text and the needle. No allocation.
 template <class Direction>
 class TextSearch {
 public:
@@ -178,14 +184,12 @@ public:
   std::size_t next() noexcept
   {
     while (!linear && passed < places) {
-      passed = Direction::nextPlace(text, places, passed, needle[0]);
+      passed = Direction::nextPlace(text, places, passed, needle, needleLength);
       if (passed == nowhere)
         return nowhere;
       const std::size_t offset = Direction::placeAfter(passed++, places);
-      const char* const candidate = text + offset;
-      const bool endsAlike = candidate[needleLength - 1] == needle[needleLength - 1];
-      const bool isHere = endsAlike && std::memcmp(candidate, needle, needleLength) == 0;
-      losePatience(endsAlike ? needleLength : 1);
+      const bool isHere = needleLength <= 2 || std::memcmp(text + offset + 1, needle + 1, needleLength - 2) == 0;
+      losePatience(needleLength);
       if (isHere)
         return offset;
     }

@@ -3,7 +3,7 @@
 // Tests: tests/strings/tests_test.cpp
 #include <quelmcl/istring.hpp>
 
-#include "kernels/scan.hpp"
+#include "kernels/vectors.hpp"
 #include "kernels/wildcard.hpp"
 
 #include <cstring>
@@ -236,8 +236,8 @@ IStringEnum::CharType IString::charType(unsigned pos) const
 
 int IString::isBinaryDigits() const
 {
-  const auto isOther = [](char byte) { return byte != '0' && byte != '1'; };
-  return length() > 0 && quelmcl::detail::firstWhere(pBuffer, length(), isOther) == quelmcl::detail::nowhere;
+  const quelmcl::detail::ByteSet digits("01", 2);
+  return length() > 0 && quelmcl::detail::findMember(pBuffer, length(), digits, false) == quelmcl::detail::nowhere;
 }
 
 int IString::isLike(const IString& aPattern, char zeroOrMore, char anyChar) const

@@ -31,10 +31,7 @@ std::vector<Word> wordList(const IBuffer& text)
 
 unsigned long IString::numWords() const
 {
-  unsigned long count = 0;
-  for (WordReader reader(*buffer()); reader.next().pos != 0;)
-    ++count;
-  return count;
+  return WordReader(*buffer()).countRest();
 }
 
 unsigned long IString::indexOfWord(unsigned long wordNumber, unsigned long startPos, unsigned long numWords) const

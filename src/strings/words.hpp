@@ -3,6 +3,7 @@
 #define QUELMCL_SRC_STRINGS_WORDS_HPP
 
 #include "buffers/forwardsearch.hpp"
+#include "kernels/whitespace.hpp"
 
 namespace quelmcl::detail {
 
@@ -20,12 +21,43 @@ struct Word {
 class WordReader {
 public:
   explicit WordReader(const IBuffer& read, unsigned startPos = 1)
-    : text(read), search(read), separators(search.listOf(whiteSpace, whiteSpaceCount)), from(startPos)
+    : text(read),
+      search(read),
+      separators(search.listOf(whiteSpace, whiteSpaceCount)),
+      isOfBytes(search.findsByBytes(separators)),
+      bytes(read.contents(), read.length()),
+      from(isOfBytes ? search.start(startPos) : startPos)
   {
   }
 
   /// The next word, or position 0 when there is none.
-  Word next()
+  Word next() { return isOfBytes ? nextOfBytes() : nextOfCharacters(); }
+
+  /// How many words there are from here on, all of them when none has been read yet. Nothing is left to read then.
+  unsigned long countRest()
+  {
+    if (isOfBytes && from <= 1)
+      return bytes.countWords();
+    unsigned long count = 0;
+    while (next().pos != 0)
+      ++count;
+    return count;
+  }
+
+private:
+  Word nextOfBytes()
+  {
+    const std::size_t begin = from == 0 ? text.length() : bytes.firstOther(from - 1);
+    if (begin == text.length()) {
+      from = 0;
+      return {0, 0};
+    }
+    const std::size_t end = bytes.firstWhite(begin);
+    from = static_cast<unsigned>(end + 1);
+    return {static_cast<unsigned>(begin + 1), static_cast<unsigned>(end - begin)};
+  }
+
+  Word nextOfCharacters()
   {
     const unsigned start = from == 0 ? 0 : search.indexOfAnyBut(separators, from);
     if (start == 0) {
@@ -37,10 +69,11 @@ public:
     return {start, end - start};
   }
 
-private:
   const IBuffer& text;
   ForwardSearch search;
   CharacterList separators;
+  bool isOfBytes;  // white space is never a part of a longer character
+  WhiteSpaceScan bytes;
   unsigned from;
 };
 

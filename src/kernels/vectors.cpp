@@ -1,0 +1,150 @@
+// vectors.cpp - the form of the loops for any processor, and the choice between the forms.
+// Tests: tests/kernels/vectors_test.cpp
+#include "kernels/vectors.hpp"
+
+#include "kernels/ascii.hpp"
+#include "kernels/bytes.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+namespace quelmcl::detail {
+
+namespace {
+
+// Bytes of a kind are found by the C library, which has a loop for this processor.
+std::size_t firstPair(const char* text, std::size_t places, std::size_t begin, char first, char last,
+                      std::size_t distance) noexcept
+{
+  for (std::size_t at = begin; at < places; ++at) {
+    const void* const found = std::memchr(text + at, static_cast<unsigned char>(first), places - at);
+    if (found == nullptr)
+      return nowhere;
+    at = static_cast<std::size_t>(static_cast<const char*>(found) - text);
+    if (text[at + distance] == last)
+      return at;
+  }
+  return nowhere;
+}
+
+std::size_t lastPair(const char* text, std::size_t places, char first, char last, std::size_t distance) noexcept
+{
+  for (std::size_t left = places; left > 0;) {
+    const void* const found = memrchr(text, static_cast<unsigned char>(first), left);
+    if (found == nullptr)
+      return nowhere;
+    left = static_cast<std::size_t>(static_cast<const char*>(found) - text);
+    if (text[left + distance] == last)
+      return left;
+  }
+  return nowhere;
+}
+
+std::size_t firstMember(const char* text, std::size_t length, const ByteSet& set, bool wanted) noexcept
+{
+  return firstWhere(text, length, [&](char byte) { return set.has(byte) == wanted; });
+}
+
+std::size_t lastMember(const char* text, std::size_t length, const ByteSet& set, bool wanted) noexcept
+{
+  return lastWhere(text, length, [&](char byte) { return set.has(byte) == wanted; });
+}
+
+std::size_t asciiPrefixOf(const char* text, std::size_t length) noexcept
+{
+  return asciiPrefix(text, length);
+}
+
+std::uint64_t whiteSpace(const char* text) noexcept
+{
+  std::uint64_t mask = 0;
+  for (unsigned i = 0; i < 64; ++i)
+    mask |= std::uint64_t{isWhiteSpace(text[i])} << i;
+  return mask;
+}
+
+void lower(char* text, std::size_t length) noexcept
+{
+  std::transform(text, text + length, text, lowerAsciiByte);
+}
+
+void upper(char* text, std::size_t length) noexcept
+{
+  std::transform(text, text + length, text, upperAsciiByte);
+}
+
+void reverse(char* text, std::size_t length) noexcept
+{
+  std::reverse(text, text + length);
+}
+
+void bitAnd(char* text, const char* other, std::size_t length) noexcept
+{
+  for (std::size_t i = 0; i < length; ++i)
+    text[i] = static_cast<char>(text[i] & other[i]);
+}
+
+void bitOr(char* text, const char* other, std::size_t length) noexcept
+{
+  for (std::size_t i = 0; i < length; ++i)
+    text[i] = static_cast<char>(text[i] | other[i]);
+}
+
+void bitExclusiveOr(char* text, const char* other, std::size_t length) noexcept
+{
+  for (std::size_t i = 0; i < length; ++i)
+    text[i] = static_cast<char>(text[i] ^ other[i]);
+}
+
+}  // namespace
+
+const Vectors portableVectors = {
+  "portable", firstPair, lastPair, firstMember, lastMember, asciiPrefixOf,  whiteSpace,
+  lower,      upper,     reverse,  bitAnd,      bitOr,      bitExclusiveOr,
+};
+
+// ---- the choice ----
+
+const Vectors* chosenVectors = nullptr;
+
+namespace {
+
+struct Available {
+  Available() noexcept
+  {
+    const Vectors** next = forms;
+    *next++ = &portableVectors;
+#if defined(__i386__) || defined(__x86_64__)
+    if (__builtin_cpu_supports("ssse3"))
+      *next++ = &ssse3Vectors;
+    if (__builtin_cpu_supports("avx2"))
+      *next++ = &avx2Vectors;
+#endif
+    *next = nullptr;
+  }
+  const Vectors* forms[4];
+};
+
+}  // namespace
+
+const Vectors* const* availableVectors() noexcept
+{
+  static const Available available;
+  return available.forms;
+}
+
+const Vectors& chooseVectors() noexcept
+{
+  const char* const named = secure_getenv("QUELMCL_VECTORS");
+  const Vectors* chosen = nullptr;
+  for (const Vectors* const* form = availableVectors(); *form != nullptr; ++form) {
+    chosen = *form;
+    if (named != nullptr && std::strcmp(chosen->name, named) == 0)
+      break;
+  }
+  __atomic_store_n(&chosenVectors, chosen, __ATOMIC_RELAXED);
+  return *chosen;
+}
+
+}  // namespace quelmcl::detail

@@ -1,0 +1,83 @@
+// vectors.hpp - the loops over bytes that vector instructions speed up, in the widest form that the processor has.
+// Tests: tests/kernels/vectors_test.cpp
+#ifndef QUELMCL_SRC_KERNELS_VECTORS_HPP
+#define QUELMCL_SRC_KERNELS_VECTORS_HPP
+
+#include "kernels/byteset.hpp"
+#include "kernels/scan.hpp"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace quelmcl::detail {
+
+/// One form of all loops. Every form gives the same results; none reads or writes outside of what it is given.
+struct Vectors {
+  const char* name;
+
+  /// The first of `places` places, from `begin` on, where `first` stands, with `last` so many bytes behind it; nowhere
+  /// when there is none. All places with what is behind them are in the text.
+  std::size_t (*firstPair)(const char* text, std::size_t places, std::size_t begin, char first, char last,
+                           std::size_t distance) noexcept;
+  /// The last such place of `places`.
+  std::size_t (*lastPair)(const char* text, std::size_t places, char first, char last, std::size_t distance) noexcept;
+
+  /// The first or last byte that is in the set, or (not `wanted`) is not; nowhere when there is none.
+  std::size_t (*firstMember)(const char* text, std::size_t length, const ByteSet& set, bool wanted) noexcept;
+  std::size_t (*lastMember)(const char* text, std::size_t length, const ByteSet& set, bool wanted) noexcept;
+
+  /// How many bytes stand before the first that is not ASCII.
+  std::size_t (*asciiPrefix)(const char* text, std::size_t length) noexcept;
+  /// For each of 64 bytes, the first in the lowest bit, whether it is white space: tab to carriage return, or blank.
+  std::uint64_t (*whiteSpace)(const char* text) noexcept;
+
+  /// Makes the letters A to Z small, or a to z capital.
+  void (*lower)(char* text, std::size_t length) noexcept;
+  void (*upper)(char* text, std::size_t length) noexcept;
+  void (*reverse)(char* text, std::size_t length) noexcept;
+
+  /// Combines each byte with the one at the same place of `other`.
+  void (*bitAnd)(char* text, const char* other, std::size_t length) noexcept;
+  void (*bitOr)(char* text, const char* other, std::size_t length) noexcept;
+  void (*bitExclusiveOr)(char* text, const char* other, std::size_t length) noexcept;
+};
+
+/// The length of the narrowest vectors.
+inline constexpr std::size_t shortestForVectors = 16;
+
+/// The forms: any processor; sixteen bytes at a time; thirty-two.
+extern const Vectors portableVectors;
+extern const Vectors ssse3Vectors;
+extern const Vectors avx2Vectors;
+
+/// The forms that this processor has, from the narrowest to the widest, and a null behind them.
+const Vectors* const* availableVectors() noexcept;
+
+extern const Vectors* chosenVectors;
+const Vectors& chooseVectors() noexcept;
+
+/// The widest form that there is; or the one that the environment variable QUELMCL_VECTORS names, for tests. Chosen
+/// once a process.
+inline const Vectors& vectors() noexcept
+{
+  const Vectors* const chosen = __atomic_load_n(&chosenVectors, __ATOMIC_RELAXED);
+  return chosen != nullptr ? *chosen : chooseVectors();
+}
+
+/// Vectors::firstMember and lastMember; short texts are not worth a call.
+inline std::size_t findMember(const char* text, std::size_t length, const ByteSet& set, bool wanted = true) noexcept
+{
+  if (length >= shortestForVectors)
+    return vectors().firstMember(text, length, set, wanted);
+  return firstWhere(text, length, [&](char byte) { return set.has(byte) == wanted; });
+}
+inline std::size_t findLastMember(const char* text, std::size_t length, const ByteSet& set, bool wanted = true) noexcept
+{
+  if (length >= shortestForVectors)
+    return vectors().lastMember(text, length, set, wanted);
+  return lastWhere(text, length, [&](char byte) { return set.has(byte) == wanted; });
+}
+
+}  // namespace quelmcl::detail
+
+#endif
