@@ -85,9 +85,11 @@ Limbs refined(const Limbs& divisor, const Limbs& rough, std::size_t half, std::s
   Limbs error(used + rough.size());
   multiplyLimbs(error.data(), divisor.data() + divisor.size() - used, used, rough.data(), rough.size());
   const bool isTooLarge = error[used + half] != 0;
-  if (!isTooLarge)  // then all limbs below are nearly B^(used + half), and what is missing is e
+  if (!isTooLarge) {  // then e is what is missing to B^(used + half)
     for (Limb& limb : error)
       limb = ~limb;
+    addCarry(error.data(), error.size(), 1);
+  }
   error.resize(used + half);
   const std::size_t dropped = used + half > precision ? used + half - precision : 0;
   error.erase(error.begin(), error.begin() + static_cast<std::ptrdiff_t>(std::min(dropped, error.size())));
