@@ -456,16 +456,46 @@ public:
   /// @}
 
   /// @name Conversion between number forms
+  /// A number of any length, without a sign, in four forms: `c` bytes, the most significant one first; `b` binary, `d`
+  /// decimal and `x` hexadecimal digits. An empty text stays empty, and a text that is not all digits of its form
+  /// becomes empty. Cost: linear for bytes, binary and hexadecimal digits; for decimal digits a little more than that,
+  /// and up to 100 times the text in working storage.
   /// @{
 
-  /// The text's bytes as hexadecimal digits, two a byte, capital letters.
+  /// The bytes as binary digits, eight a byte. Throws IInvalidRequest 1010 from 536870911 bytes on.
+  IString& c2b();
+  /// The number of the bytes in decimal digits, without zeros in front. Deliberate: a zero of more than four bytes is a
+  /// zero for the first four and three for each other one. Throws IInvalidRequest 1010 for more than 1431655760 bytes or
+  /// so: three digits for each byte behind the first four must fit in a text, although the number has fewer.
+  IString& c2d();
+  /// The bytes as hexadecimal digits, two a byte, capital letters.
   IString& c2x();
-  /// Decimal digits as the bytes of that number, the most significant first, no leading zero bytes (zero is one
-  /// byte). A text that is not all digits becomes empty. Deliberate: the first ten digits count as 2147483647 when
-  /// they are more than that.
+  /// Eight binary digits make a byte; missing ones in front are zeros.
+  IString& b2c();
+  /// Decimal digits as the bytes of that number, without zero bytes in front (zero is one byte). Deliberate: the first
+  /// ten digits count as 2147483647 when they are more than that. Zeros in front keep larger numbers from it.
   IString& d2c();
-  QUELMCL_NODISCARD static IString c2x(const IString& aString);
-  QUELMCL_NODISCARD static IString d2c(const IString& aString);
+  /// Two hexadecimal digits of either case make a byte; a missing one in front is a zero.
+  IString& x2c();
+  IString& b2d() { return *this = b2d(*this); }  ///< b2c, then c2d
+  IString& b2x() { return *this = b2x(*this); }  ///< b2c, then c2x
+  IString& d2b() { return *this = d2b(*this); }  ///< d2c, then c2b
+  IString& d2x() { return *this = d2x(*this); }  ///< d2c, then c2x
+  IString& x2b() { return *this = x2b(*this); }  ///< x2c, then c2b
+  IString& x2d() { return *this = x2d(*this); }  ///< x2c, then c2d
+
+  QUELMCL_NODISCARD static IString c2b(const IString& aString) { return IString(aString).c2b(); }
+  QUELMCL_NODISCARD static IString c2d(const IString& aString) { return IString(aString).c2d(); }
+  QUELMCL_NODISCARD static IString c2x(const IString& aString) { return IString(aString).c2x(); }
+  QUELMCL_NODISCARD static IString b2c(const IString& aString) { return IString(aString).b2c(); }
+  QUELMCL_NODISCARD static IString d2c(const IString& aString) { return IString(aString).d2c(); }
+  QUELMCL_NODISCARD static IString x2c(const IString& aString) { return IString(aString).x2c(); }
+  QUELMCL_NODISCARD static IString b2d(const IString& aString) { return IString(aString).b2c().c2d(); }
+  QUELMCL_NODISCARD static IString b2x(const IString& aString) { return IString(aString).b2c().c2x(); }
+  QUELMCL_NODISCARD static IString d2b(const IString& aString) { return IString(aString).d2c().c2b(); }
+  QUELMCL_NODISCARD static IString d2x(const IString& aString) { return IString(aString).d2c().c2x(); }
+  QUELMCL_NODISCARD static IString x2b(const IString& aString) { return IString(aString).x2c().c2b(); }
+  QUELMCL_NODISCARD static IString x2d(const IString& aString) { return IString(aString).x2c().c2d(); }
   /// @}
 
   /// @name Joining and bits
@@ -551,6 +581,7 @@ private:
 
   static char* placeholder();
   static char* emptyText() noexcept;
+  static IString unfilled(unsigned textLength);
   template <class Number>
   void initDigits(Number number);
   void prepareToChange();
@@ -564,7 +595,6 @@ private:
   IString& stripBytes(const char* pCharacters, unsigned count, IStringEnum::StripMode mode);
   IString& translateBytes(const char* pInputChars, unsigned inputLen, const char* pOutputChars, unsigned outputLen,
                           char padCharacter);
-  void binaryMath(unsigned char digit);
 
   char* pBuffer;
 

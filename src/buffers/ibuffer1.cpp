@@ -3,6 +3,7 @@
 // Tests: tests/buffers/classification_test.cpp
 #include <quelmcl/ibuffer.hpp>
 
+#include "kernels/digits.hpp"
 #include "kernels/vectors.hpp"
 
 #include <cctype>
@@ -54,8 +55,12 @@ int IBuffer::isControl() const
   return isAll(*this, std::iscntrl);
 }
 
+// Digits and hexadecimal digits are the same characters in every locale, so they need no question for each of them.
+
 int IBuffer::isDigits() const
 {
+  if (quelmcl::detail::digitLoops().areDecimal(contents(), len))
+    return len > 0;
   return isAll(*this, std::isdigit);
 }
 
@@ -66,6 +71,8 @@ int IBuffer::isGraphics() const
 
 int IBuffer::isHexDigits() const
 {
+  if (quelmcl::detail::digitLoops().areHexadecimal(contents(), len))
+    return len > 0;
   return isAll(*this, std::isxdigit);
 }
 

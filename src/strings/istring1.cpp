@@ -3,7 +3,7 @@
 // Tests: tests/strings/tests_test.cpp
 #include <quelmcl/istring.hpp>
 
-#include "kernels/vectors.hpp"
+#include "kernels/digits.hpp"
 #include "kernels/wildcard.hpp"
 
 #include <cstring>
@@ -236,8 +236,7 @@ IStringEnum::CharType IString::charType(unsigned pos) const
 
 int IString::isBinaryDigits() const
 {
-  const quelmcl::detail::ByteSet digits("01", 2);
-  return length() > 0 && quelmcl::detail::findMember(pBuffer, length(), digits, false) == quelmcl::detail::nowhere;
+  return length() > 0 && quelmcl::detail::digitLoops().areBinary(pBuffer, length());
 }
 
 int IString::isLike(const IString& aPattern, char zeroOrMore, char anyChar) const

@@ -1,0 +1,157 @@
+// frame.hpp - what every topic of the benchmarks stands in: the same data and the same loop for the library and for its peers.
+//
+// A topic is one file, bench/<topic>.cpp, and nothing else. Its first lines say what it needs; `./dev bench` and CMake read
+// them:
+//
+//     // Packages: libgmp-dev            Debian packages of the width that is measured, installed
+//     // Unpacked: libabsl-dev           the same, only unpacked below build/peers, where they refuse to be installed
+//     // Links: gmp absl_strings
+//
+// A workload has a name, data of several sizes, a goal for each size, and contenders. A contender makes of the data whatever
+// it works on, and of that the piece of work that is timed:
+//
+//     const bench::Workload hex("hex_encode", bench::randomBytes, {{1024, 0.3}});
+//     const auto ours = hex.contender("quelmcl", [](const std::string& data) {
+//       return [bytes = IString(data.data(), unsigned(data.size()))] { return IString::c2x(bytes); };
+//     });
+//
+// What the pieces of work return is compared before anything is timed: a contender with another result than the first one
+// ends the program. One that has the same result in another form brings a function that makes it equal for that comparison.
+// Benchmarks are called BM_<workload>/<who>/<size>; the contender "quelmcl" is the library. For every size
+// a copy of the data by memcpy is timed as well, as a limit.
+#ifndef QUELMCL_BENCH_FRAME_HPP
+#define QUELMCL_BENCH_FRAME_HPP
+
+#include <quelmcl/istring.hpp>
+
+#include <benchmark/benchmark.h>
+
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace bench {
+
+/// The compiler must have this value in storage. The packaged function of this kind goes wrong with g++ 12 at 32 bits.
+template <class Value>
+void keep(const Value& value)
+{
+  asm volatile("" : : "r"(&value) : "memory");
+}
+
+inline std::string asText(const std::string& text)
+{
+  return text;
+}
+
+inline std::string asText(const IString& text)
+{
+  return std::string(static_cast<const char*>(text), text.length());
+}
+
+/// The same bytes in every run.
+inline std::string randomBytes(std::size_t size)
+{
+  std::mt19937 random(static_cast<unsigned>(size));
+  std::string bytes(size, '\0');
+  for (char& byte : bytes)
+    byte = static_cast<char>(random() >> 24);
+  return bytes;
+}
+
+/// The same digits in every run, without a zero in front.
+inline std::string randomDigits(std::size_t size)
+{
+  std::mt19937 random(static_cast<unsigned>(size));
+  std::string digits(size, '\0');
+  for (char& digit : digits)
+    digit = static_cast<char>('0' + random() % 10);
+  digits[0] = '1';
+  return digits;
+}
+
+/// A size, and how many times as long as the best peer the library may take there.
+struct Goal {
+  std::size_t size;
+  double ratio;
+};
+
+class Workload {
+public:
+  Workload(std::string workload, std::string (*dataOfSize)(std::size_t), std::vector<Goal> goalsOfSizes)
+    : name(std::move(workload)), makeData(dataOfSize), goals(std::move(goalsOfSizes))
+  {
+    add("memcpy", [](const std::string& data) {
+      return [&data, copy = std::vector<char>(data.size())]() mutable {
+        std::memcpy(copy.data(), data.data(), data.size());
+        keep(copy[0]);
+        return 0;
+      };
+    });
+  }
+
+  /// `prepare` takes the data, which outlives the benchmark, and returns the piece of work. `asExpected` makes its result what the
+  /// others have. Returns true, so that it can be an initialiser.
+  template <class Prepare>
+  bool contender(const std::string& who, Prepare prepare, std::string (*asExpected)(const std::string&) = nullptr)
+  {
+    for (const Goal& goal : goals) {
+      const std::string result = asText(prepare(dataOf(goal.size))());
+      compare(who, asExpected == nullptr ? result : asExpected(result), goal.size);
+    }
+    add(who, prepare);
+    return true;
+  }
+
+private:
+  template <class Prepare>
+  void add(const std::string& who, Prepare prepare)
+  {
+    for (const Goal& goal : goals) {
+      const std::string fullName = "BM_" + name + "/" + who + "/" + std::to_string(goal.size);
+      const std::string& data = dataOf(goal.size);
+      benchmark::RegisterBenchmark(fullName.c_str(), [goal, prepare, &data](benchmark::State& state) {
+        auto work = prepare(data);
+        for (auto iteration : state) {
+          (void)iteration;
+          keep(work());
+        }
+        state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(goal.size));
+        state.counters["goal"] = goal.ratio;
+      });
+    }
+  }
+
+  const std::string& dataOf(std::size_t size)
+  {
+    std::string& data = dataOfSizes[size];
+    if (data.empty())
+      data = makeData(size);
+    return data;
+  }
+
+  void compare(const std::string& who, const std::string& result, std::size_t size)
+  {
+    const auto known = results.emplace(size, result);
+    if (known.first->second == result)
+      return;
+    std::fprintf(stderr, "bench: %s of %zu: %s has another result\n", name.c_str(), size, who.c_str());
+    std::exit(1);
+  }
+
+  const std::string name;
+  std::string (*const makeData)(std::size_t);
+  const std::vector<Goal> goals;
+  std::map<std::size_t, std::string> dataOfSizes;
+  std::map<std::size_t, std::string> results;
+};
+
+}  // namespace bench
+
+#endif

@@ -1,0 +1,113 @@
+// digits.cpp - bytes to hexadecimal and binary digits and back, for any processor.
+// Tests: tests/kernels/digits_test.cpp
+#include "kernels/digits.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+namespace quelmcl::detail {
+
+namespace {
+
+constexpr unsigned digitsPerByte = 8;  // binary ones
+constexpr unsigned byteCount = 256;
+
+constexpr auto hexadecimalPairs = [] {
+  constexpr char digits[] = "0123456789ABCDEF";
+  std::array<char, 2 * byteCount> pairs{};
+  for (unsigned byte = 0; byte < byteCount; ++byte) {
+    pairs[2 * byte] = digits[byte >> 4];
+    pairs[2 * byte + 1] = digits[byte & 15];
+  }
+  return pairs;
+}();
+
+constexpr auto binaryGroups = [] {
+  std::array<char, digitsPerByte * byteCount> groups{};
+  for (unsigned byte = 0; byte < byteCount; ++byte)
+    for (unsigned bit = 0; bit < digitsPerByte; ++bit)
+      groups[digitsPerByte * byte + bit] = (byte >> (digitsPerByte - 1 - bit) & 1) != 0 ? '1' : '0';
+  return groups;
+}();
+
+/// Values of hexadecimal digits, as the upper half of a byte; 255 for what is none.
+constexpr unsigned char noDigit = 255;
+constexpr auto hexadecimalValues = [] {
+  std::array<unsigned char, byteCount> values{};
+  values.fill(noDigit);
+  for (const char digit :
+       {'0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'a', 'b', 'c', 'd', 'e', 'f', 'A', 'B', 'C', 'D', 'E', 'F'})
+    values[static_cast<unsigned char>(digit)] = static_cast<unsigned char>(hexadecimalValue(digit));
+  return values;
+}();
+
+bool areDecimal(const char* text, std::size_t length) noexcept
+{
+  return std::all_of(text, text + length, [](char c) { return c >= '0' && c <= '9'; });
+}
+
+bool areHexadecimal(const char* text, std::size_t length) noexcept
+{
+  return std::all_of(text, text + length,
+                     [](char c) { return hexadecimalValues[static_cast<unsigned char>(c)] != noDigit; });
+}
+
+bool areBinary(const char* text, std::size_t length) noexcept
+{
+  return std::all_of(text, text + length, [](char c) { return c == '0' || c == '1'; });
+}
+
+void bytesToHexadecimal(const unsigned char* bytes, std::size_t length, char* digits) noexcept
+{
+  for (std::size_t i = 0; i < length; ++i)
+    std::memcpy(digits + 2 * i, &hexadecimalPairs[2u * bytes[i]], 2);
+}
+
+void hexadecimalToBytes(const char* digits, std::size_t length, unsigned char* bytes) noexcept
+{
+  for (std::size_t i = 0; i < length; i += 2) {
+    const unsigned high = hexadecimalValues[static_cast<unsigned char>(digits[i])];
+    const unsigned low = hexadecimalValues[static_cast<unsigned char>(digits[i + 1])];
+    bytes[i / 2] = static_cast<unsigned char>(high << 4 | low);
+  }
+}
+
+void bytesToBinary(const unsigned char* bytes, std::size_t length, char* digits) noexcept
+{
+  for (std::size_t i = 0; i < length; ++i)
+    std::memcpy(digits + digitsPerByte * i, &binaryGroups[digitsPerByte * bytes[i]], digitsPerByte);
+}
+
+// The lowest bits of four digits, gathered by a multiplication that moves each to its place in the highest byte.
+unsigned gathered(const char* digits)
+{
+  std::uint32_t four;
+  std::memcpy(&four, digits, sizeof four);
+  return (four & 0x01010101u) * 0x08040201u >> 24 & 15;
+}
+
+void binaryToBytes(const char* digits, std::size_t length, unsigned char* bytes) noexcept
+{
+  for (std::size_t i = 0; i < length; i += digitsPerByte)
+    *bytes++ = static_cast<unsigned char>(gathered(digits + i) << 4 | gathered(digits + i + 4));
+}
+
+const DigitLoops loops = {"portable",         areDecimal,         areHexadecimal, areBinary,
+                          bytesToHexadecimal, hexadecimalToBytes, bytesToBinary,  binaryToBytes};
+
+}  // namespace
+
+const DigitLoops& portableDigitLoops() noexcept
+{
+  return loops;
+}
+
+const DigitLoops& digitLoops() noexcept
+{
+  const DigitLoops* const faster = sse2DigitLoops();
+  return faster != nullptr ? *faster : loops;
+}
+
+}  // namespace quelmcl::detail

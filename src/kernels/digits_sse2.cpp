@@ -1,0 +1,183 @@
+// digits_sse2.cpp - bytes to hexadecimal and binary digits and back, for processors with SSE2, sixteen bytes at a time. What
+// is left at the end is the portable loops' business.
+// Tests: tests/kernels/digits_test.cpp
+#include "kernels/digits.hpp"
+
+#include <array>
+#include <cstring>
+#include <immintrin.h>
+
+#ifdef __clang__
+#  pragma clang attribute push(__attribute__((target("sse2"))), apply_to = function)
+#else
+#  pragma GCC push_options
+#  pragma GCC target("sse2")
+#endif
+
+namespace {
+
+using quelmcl::detail::DigitLoops;
+using quelmcl::detail::portableDigitLoops;
+
+constexpr std::size_t width = 16;
+
+inline __m128i load(const void* from)
+{
+  return _mm_loadu_si128(static_cast<const __m128i*>(from));
+}
+
+inline void store(void* to, __m128i bytes)
+{
+  _mm_storeu_si128(static_cast<__m128i*>(to), bytes);
+}
+
+inline __m128i all(char byte)
+{
+  return _mm_set1_epi8(byte);
+}
+
+/// Zero where a byte is `first` or at most `count - 1` above it.
+inline __m128i distanceFrom(__m128i bytes, char first, char count)
+{
+  return _mm_subs_epu8(_mm_sub_epi8(bytes, all(first)), all(static_cast<char>(count - 1)));
+}
+
+inline bool isZero(__m128i bytes)
+{
+  return _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_setzero_si128())) == 0xFFFF;
+}
+
+bool areDecimal(const char* text, std::size_t length) noexcept
+{
+  std::size_t i = 0;
+  for (; i + width <= length; i += width)
+    if (!isZero(distanceFrom(load(text + i), '0', 10)))
+      return false;
+  return portableDigitLoops().areDecimal(text + i, length - i);
+}
+
+bool areHexadecimal(const char* text, std::size_t length) noexcept
+{
+  std::size_t i = 0;
+  for (; i + width <= length; i += width) {
+    const __m128i bytes = load(text + i);
+    const __m128i notDigit = distanceFrom(bytes, '0', 10);
+    const __m128i notLetter = distanceFrom(_mm_or_si128(bytes, all(0x20)), 'a', 6);
+    if (!isZero(_mm_min_epu8(notDigit, notLetter)))
+      return false;
+  }
+  return portableDigitLoops().areHexadecimal(text + i, length - i);
+}
+
+bool areBinary(const char* text, std::size_t length) noexcept
+{
+  std::size_t i = 0;
+  for (; i + width <= length; i += width)
+    if (!isZero(distanceFrom(load(text + i), '0', 2)))
+      return false;
+  return portableDigitLoops().areBinary(text + i, length - i);
+}
+
+inline __m128i hexadecimalDigits(__m128i halves)
+{
+  const __m128i isLetter = _mm_cmpgt_epi8(halves, all(9));
+  return _mm_add_epi8(_mm_add_epi8(halves, all('0')), _mm_and_si128(isLetter, all('A' - '9' - 1)));
+}
+
+void bytesToHexadecimal(const unsigned char* bytes, std::size_t length, char* digits) noexcept
+{
+  std::size_t i = 0;
+  for (; i + width <= length; i += width) {
+    const __m128i both = load(bytes + i), lowest = all(15);
+    const __m128i high = hexadecimalDigits(_mm_and_si128(_mm_srli_epi16(both, 4), lowest));
+    const __m128i low = hexadecimalDigits(_mm_and_si128(both, lowest));
+    store(digits + 2 * i, _mm_unpacklo_epi8(high, low));
+    store(digits + 2 * i + width, _mm_unpackhi_epi8(high, low));
+  }
+  portableDigitLoops().bytesToHexadecimal(bytes + i, length - i, digits + 2 * i);
+}
+
+/// The bytes that sixteen digits make, each in the lower half of 16 bits.
+inline __m128i pairedUp(__m128i digits)
+{
+  const __m128i isLetter = _mm_cmpgt_epi8(digits, all('9'));
+  const __m128i values = _mm_add_epi8(_mm_and_si128(digits, all(15)), _mm_and_si128(isLetter, all(9)));
+  const __m128i pairs = _mm_or_si128(_mm_slli_epi16(values, 4), _mm_srli_epi16(values, 8));
+  return _mm_and_si128(pairs, _mm_set1_epi16(0xFF));
+}
+
+void hexadecimalToBytes(const char* digits, std::size_t length, unsigned char* bytes) noexcept
+{
+  std::size_t i = 0;
+  for (; i + 2 * width <= length; i += 2 * width)
+    store(bytes + i / 2, _mm_packus_epi16(pairedUp(load(digits + i)), pairedUp(load(digits + i + width))));
+  portableDigitLoops().hexadecimalToBytes(digits + i, length - i, bytes + i / 2);
+}
+
+/// The digits of the first and of the second eight bytes: every bit's byte with all other bits masked out.
+inline void storeBinary(char* digits, __m128i eachByteEightTimes)
+{
+  const __m128i bits = _mm_set1_epi64x(0x0102040810204080);
+  const __m128i isSet = _mm_cmpeq_epi8(_mm_and_si128(eachByteEightTimes, bits), bits);
+  store(digits, _mm_sub_epi8(all('0'), isSet));
+}
+
+inline void storeBinaryOfFour(char* digits, __m128i eachByteFourTimes)
+{
+  storeBinary(digits, _mm_unpacklo_epi32(eachByteFourTimes, eachByteFourTimes));
+  storeBinary(digits + width, _mm_unpackhi_epi32(eachByteFourTimes, eachByteFourTimes));
+}
+
+inline void storeBinaryOfEight(char* digits, __m128i eachByteTwice)
+{
+  storeBinaryOfFour(digits, _mm_unpacklo_epi16(eachByteTwice, eachByteTwice));
+  storeBinaryOfFour(digits + 2 * width, _mm_unpackhi_epi16(eachByteTwice, eachByteTwice));
+}
+
+void bytesToBinary(const unsigned char* bytes, std::size_t length, char* digits) noexcept
+{
+  std::size_t i = 0;
+  for (; i + width <= length; i += width) {
+    const __m128i sixteen = load(bytes + i);
+    storeBinaryOfEight(digits + 8 * i, _mm_unpacklo_epi8(sixteen, sixteen));
+    storeBinaryOfEight(digits + 8 * i + 4 * width, _mm_unpackhi_epi8(sixteen, sixteen));
+  }
+  portableDigitLoops().bytesToBinary(bytes + i, length - i, digits + 8 * i);
+}
+
+constexpr auto reversedBits = [] {
+  std::array<unsigned char, 256> reversed{};
+  for (unsigned byte = 0; byte < reversed.size(); ++byte)
+    for (unsigned bit = 0; bit < 8; ++bit)
+      if ((byte >> bit & 1) != 0)
+        reversed[byte] = static_cast<unsigned char>(reversed[byte] | 0x80u >> bit);
+  return reversed;
+}();
+
+void binaryToBytes(const char* digits, std::size_t length, unsigned char* bytes) noexcept
+{
+  std::size_t i = 0;
+  for (; i + width <= length; i += width) {
+    // The lowest bit of each digit, moved to the highest place, is gathered; the first digit's comes out lowest.
+    const unsigned bits = static_cast<unsigned>(_mm_movemask_epi8(_mm_slli_epi16(load(digits + i), 7)));
+    bytes[i / 8] = reversedBits[bits & 0xFF];
+    bytes[i / 8 + 1] = reversedBits[bits >> 8];
+  }
+  portableDigitLoops().binaryToBytes(digits + i, length - i, bytes + i / 8);
+}
+
+const DigitLoops loops = {
+  "SSE2", areDecimal, areHexadecimal, areBinary, bytesToHexadecimal, hexadecimalToBytes, bytesToBinary, binaryToBytes};
+
+}  // namespace
+
+#ifdef __clang__
+#  pragma clang attribute pop
+#else
+#  pragma GCC pop_options
+#endif
+
+const DigitLoops* quelmcl::detail::sse2DigitLoops() noexcept
+{
+  return __builtin_cpu_supports("sse2") ? &loops : nullptr;
+}
