@@ -4,13 +4,11 @@
 #define QUELMCL_SRC_KERNELS_BYTESET_HPP
 
 #include <cstddef>
-#include <cstdint>
 
 namespace quelmcl::detail {
 
-/// A bit for every byte, twice: in words, where one byte is looked up quickest, and in two tables of 16 rows, where vector
-/// instructions look up sixteen at a time. The second table is of the bytes from 0x80 on; the lower four bits of a byte
-/// name its row, the next three its place there.
+/// A bit for every byte, in two tables of 16 rows, as vector instructions look sixteen bytes up at a time: the second
+/// table is of the bytes from 0x80 on; the lower four bits of a byte name its row, the next three its place there.
 class ByteSet {
 public:
   ByteSet() noexcept = default;
@@ -20,25 +18,22 @@ public:
       add(members[i]);
   }
 
-  void add(char byte) noexcept
-  {
-    const unsigned value = static_cast<unsigned char>(byte);
-    words[value >> 5] |= std::uint32_t{1} << (value & 31);
-    unsigned char& row = rows[(value >> 3 & 0x10) | (value & 0x0F)];
-    row = static_cast<unsigned char>(row | 1u << (value >> 4 & 7));
-  }
+  void add(char byte) noexcept { rows[row(byte)] = static_cast<unsigned char>(rows[row(byte)] | place(byte)); }
 
-  bool has(char byte) const noexcept
-  {
-    const unsigned value = static_cast<unsigned char>(byte);
-    return (words[value >> 5] >> (value & 31) & 1) != 0;
-  }
+  bool has(char byte) const noexcept { return (rows[row(byte)] & place(byte)) != 0; }
 
   /// The rows of both tables.
   const unsigned char* tables() const noexcept { return rows; }
 
 private:
-  std::uint32_t words[8] = {};
+  static unsigned row(char byte) noexcept
+  {
+    const unsigned value = static_cast<unsigned char>(byte);
+    return (value >> 3 & 0x10) | (value & 0x0F);
+  }
+  static unsigned place(char byte) noexcept { return places[static_cast<unsigned char>(byte) >> 4]; }
+
+  static constexpr unsigned char places[16] = {1, 2, 4, 8, 16, 32, 64, 128, 1, 2, 4, 8, 16, 32, 64, 128};
   unsigned char rows[32] = {};
 };
 

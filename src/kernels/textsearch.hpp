@@ -17,6 +17,12 @@ inline std::size_t placesToBegin(std::size_t length, std::size_t needleLength) n
   return needleLength > length ? 0 : length - needleLength + 1;
 }
 
+/// Whether a needle stands at `place`, where its first and its last byte are known to stand.
+inline bool isAt(const char* place, const char* needle, std::size_t needleLength) noexcept
+{
+  return needleLength <= 2 || std::memcmp(place + 1, needle + 1, needleLength - 2) == 0;
+}
+
 /// Searching from the front: the text is read from its first byte to its last.
 struct Forward {
   /// The bytes of a text as this direction reads them.
@@ -188,7 +194,7 @@ public:
       if (passed == nowhere)
         return nowhere;
       const std::size_t offset = Direction::placeAfter(passed++, places);
-      const bool isHere = needleLength <= 2 || std::memcmp(text + offset + 1, needle + 1, needleLength - 2) == 0;
+      const bool isHere = isAt(text + offset, needle, needleLength);
       losePatience(needleLength);
       if (isHere)
         return offset;

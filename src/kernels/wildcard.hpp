@@ -8,8 +8,8 @@
 namespace quelmcl::detail {
 
 /// Whether the whole text matches the pattern, in which `zeroOrMore` stands for any bytes, also none, and `anyChar`
-/// for exactly one. A byte that is both is `zeroOrMore`. Only the latest `zeroOrMore` is ever given more bytes, so
-/// the cost is at most the text's length times the pattern's.
+/// for exactly one. A byte that is both is `zeroOrMore`. Linear in the text unless the pattern has anyChars between two
+/// zeroOrMores; then the cost is at most the text's length times the pattern's.
 bool matchesWildcards(const char* text, std::size_t length, const char* pattern, std::size_t patternLength,
                       char zeroOrMore, char anyChar) noexcept;
 
