@@ -1,0 +1,111 @@
+// calendar.hpp - day numbers to dates and back, in constant time.
+//
+// From a day number to a date the way is that of C. Neri and L. Schneider, "Euclidean affine functions and their
+// application to calendar algorithms", Software: Practice and Experience 53 (2023): years begin in March, so that a
+// leap day is the last one of its year, and dividing 4n+3 by the length of four years (or centuries) gives the year and,
+// as the remainder, four times the day in it. The same for months, as one multiplication. Our calendar is the Julian one
+// before the changeover of 1752 and the Gregorian one after it, so there are two first steps and one second.
+#ifndef QUELMCL_SRC_DATETIME_CALENDAR_HPP
+#define QUELMCL_SRC_DATETIME_CALENDAR_HPP
+
+#include <cstdint>
+
+namespace quelmcl::detail {
+
+/// A year (negative BC, never 0), a month from 1, and a day from 1.
+struct CivilDate {
+  int year, month, day;
+};
+
+constexpr std::uint32_t lastJulianDay = 2361221;  // 2 September 1752; the next day is the 14th
+constexpr int changeoverYear = 1752;
+constexpr int missingDays = 11;
+
+/// The days before each month of a common and of a leap year, and the length of that year.
+constexpr std::uint16_t daysToMonth[2][13] = {
+  {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334, 365},
+  {0, 31, 60, 91, 121, 152, 182, 213, 244, 274, 305, 335, 366},
+};
+
+/// The years from 4713 BC to `year`; there is no year 0.
+template <class Number>
+constexpr Number yearsElapsed(Number year)
+{
+  return year + 4713 - (year >= 1 ? 1 : 0);
+}
+
+template <class Number>
+constexpr Number yearAfter(Number elapsed)
+{
+  return elapsed < 4713 ? elapsed - 4713 : elapsed - 4712;
+}
+
+template <class Number>
+constexpr bool isLeap(Number year)
+{
+  if (yearsElapsed(year) % 4 != 0)
+    return false;
+  return year <= changeoverYear || year % 100 != 0 || year % 400 == 0;
+}
+
+/// The date in a year that begins in March, `elapsed` such years after March of 4713 BC.
+constexpr CivilDate dateInMarchYear(int elapsed, std::uint32_t dayOfMarchYear)
+{
+  const bool isAfterNewYear = dayOfMarchYear >= 306;
+  const std::uint32_t monthAndDay = 2141 * dayOfMarchYear + 197913;  // the month above bit 16, 2141 parts a day below
+  const int month = static_cast<int>(monthAndDay >> 16);
+  const int day = static_cast<int>((monthAndDay & 0xFFFF) / 2141) + 1;
+  return {yearAfter(elapsed + isAfterNewYear), isAfterNewYear ? month - 12 : month, day};
+}
+
+constexpr CivilDate julianDateOf(std::uint32_t dayNumber)
+{
+  const std::uint32_t daysBefore = 1401;  // from March of the leap year before, which begins a cycle of four years
+  const std::uint32_t quarters = 4 * (dayNumber + daysBefore) + 3;
+  return dateInMarchYear(static_cast<int>(quarters / 1461) - 4, quarters % 1461 / 4);
+}
+
+constexpr CivilDate gregorianDateOf(std::uint32_t dayNumber)
+{
+  const std::uint32_t days = dayNumber - 1721120;          // since 1 March 1 BC by this calendar
+  const std::uint32_t quarters = 4 * (days % 146097) + 3;  // in 400 years; so it fits, whatever the day number is
+  const std::uint32_t quartersInCentury = quarters % 146097 / 4 * 4 + 3;
+  const std::uint32_t years = days / 146097 * 400 + quarters / 146097 * 100 + quartersInCentury / 1461;
+  return dateInMarchYear(static_cast<int>(years) + 4712, quartersInCentury % 1461 / 4);
+}
+
+/// The date of any day number.
+constexpr CivilDate dateOf(std::uint32_t dayNumber)
+{
+  return dayNumber <= lastJulianDay ? julianDateOf(dayNumber) : gregorianDateOf(dayNumber);
+}
+
+/// The day number of any year, month and day: what there is too much of rolls on. A year 0 counts as year 1, and the 3rd
+/// to the 13th of September 1752 as the 2nd. Number is as wide as the days need.
+template <class Number>
+constexpr Number dayNumberOf(Number year, Number month, Number day)
+{
+  Number elapsed = yearsElapsed(year);
+  Number monthsBefore = month - 1;
+  if (monthsBefore < 0 || monthsBefore > 11) {
+    const Number years = (monthsBefore - (monthsBefore < 0 ? 11 : 0)) / 12;
+    monthsBefore -= 12 * years;
+    elapsed += years;
+    year = yearAfter(elapsed);
+  }
+
+  const Number daysBeforeYear = 365 * elapsed + ((elapsed + 3) >> 2);  // as if the Julian calendar went on
+  const Number julian = daysBeforeYear + daysToMonth[isLeap(year)][monthsBefore] + day - 1;
+  if (julian <= Number{lastJulianDay})
+    return julian;
+
+  // Deliberate: the divisions round towards zero, also for years long before the changeover whose days were made to
+  // reach beyond it.  Test: DateFromParts.DaysThatReachTheChangeoverFromFarBeforeItArriveLate
+  const Number gregorian = julian + (year - 1601) / 400 - (year - 1701) / 100;
+  const Number firstKept = Number{lastJulianDay} + missingDays + 1;
+  return gregorian < firstKept ? Number{lastJulianDay} : gregorian - missingDays;
+}
+
+}  // namespace quelmcl::detail
+
+#endif
