@@ -473,12 +473,7 @@ public:
   /// Throws IInvalidRequest 1201 when the sequence is empty.
   void removeFirst() { engine.removeAt(linkAt(1)); }
   /// \copydoc removeFirst
-  void removeLast()
-  {
-    if (isEmpty())
-      quelmcl::detail::throwNoPosition(0, 0);
-    engine.removeLast();
-  }
+  void removeLast() { engine.removeAt(linkAt(lastPosition())); }
   /// Throws IInvalidRequest 1201 for a position that does not exist.
   void removeAtPosition(unsigned long position) { engine.removeAt(linkAt(position)); }
   /// Removes the element of the cursor, which stands on none afterwards.
@@ -524,8 +519,8 @@ public:
   Element& firstElement() { return elementAt(1); }
   const Element& firstElement() const { return elementAt(1); }
   /// \copydoc firstElement
-  Element& lastElement() { return elementAt(isEmpty() ? 1 : engine.count()); }
-  const Element& lastElement() const { return elementAt(isEmpty() ? 1 : engine.count()); }
+  Element& lastElement() { return elementAt(lastPosition()); }
+  const Element& lastElement() const { return elementAt(lastPosition()); }
 
   /// A cursor for this sequence, on no element yet.
   Cursor newCursor() const { return Cursor(*this); }
@@ -625,6 +620,9 @@ public:
 
 private:
   static Element& elementOf(Link* link) { return static_cast<Node*>(link)->element; }
+
+  /// In an empty sequence the position that is missing.
+  unsigned long lastPosition() const noexcept { return isEmpty() ? 1 : engine.count(); }
 
   /// The node at a position, from the nearer end.
   Link* linkAt(unsigned long position) const
