@@ -637,16 +637,13 @@ TEST_F(SequenceWalks, ApplyAnObject)
 TEST_F(SequenceWalks, MayRemoveTheElementAtHand)
 {
   Ints numbers{1, 2, 3, 4};
-  Ints::Cursor cursor(numbers);
-  numbers.allElementsDo([&](int& number) {
-    cursor.setToFirst();
-    if (number % 2 != 0)
+  EXPECT_FALSE(numbers.allElementsDo([&](int& number) {
+    const bool isSecond = number == 2;
+    if (!isSecond)
       numbers.removeFirst();
-    else
-      number *= 10;
-    return number != 20;
-  });
-  expectElements(numbers, {20, 3, 4});
+    return !isSecond;
+  }));
+  expectElements(numbers, {2, 3, 4});
 }
 
 // ---------------------------------------------------------------------------------------------------------------------

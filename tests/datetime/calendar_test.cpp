@@ -84,16 +84,16 @@ void expectTwinOf(std::uint32_t number)
 TEST(FarDays, RandomOnesHaveATwinInOurCenturies)
 {
   quelmcl_test::RandomTexts random;
-  for (int round = 0; round < 1000000; ++round) {
+  for (int round = 0; round < 300000; ++round) {
     expectTwinOf(2451545 + random.below(4294967295u - 2451545));
     if (HasFatalFailure())
       return;
   }
 }
 
-TEST(FarDays, TheLastMillionOfAllHasATwin)
+TEST(FarDays, TheLastOnesOfAllHaveTwins)
 {
-  for (std::uint32_t number = 4294967295u; number > 4293967295u; --number) {
+  for (std::uint32_t number = 4294967295u; number > 4294667295u; --number) {
     expectTwinOf(number);
     if (HasFatalFailure())
       return;
@@ -156,7 +156,7 @@ int anyInt(quelmcl_test::RandomTexts& random)
 TEST(DateFromParts, FollowsItsRuleForAnyNumbersAtAll)
 {
   quelmcl_test::RandomTexts random;
-  for (int round = 0; round < 1000000; ++round) {
+  for (int round = 0; round < 300000; ++round) {
     const int year = anyInt(random), day = anyInt(random), month = 1 + static_cast<int>(random.below(12));
     ASSERT_EQ(numberByTheRule(year, month, day), IDate(static_cast<IDate::Month>(month), day, year).julianDate())
       << year << '-' << month << '-' << day;
