@@ -25,9 +25,64 @@
 
 #include <quelmcl/ibase.hpp>
 
+#include <cstdint>
 #include <iosfwd>
 
 class IString;
+
+namespace quelmcl {
+namespace detail {
+
+/// A year (negative BC, never 0), a month from 1, and a day from 1.
+struct CivilDate {
+  int year, month, day;
+};
+
+// The two conversions for the dates that nearly all programs have, here so that they become part of the caller and that
+// asking for day, month and year costs one of them. All other dates go through functions of the library. The way is that
+// of C. Neri and L. Schneider, "Euclidean affine functions and their application to calendar algorithms", Software:
+// Practice and Experience 53 (2023): years begin in March, so that the leap day is the last one of its year.
+
+/// Whether a day is a Gregorian one, and so near that four times as many days have 32 bits.
+inline bool isNearDay(std::uint32_t dayNumber)
+{
+  const std::uint32_t firstGregorianDay = 2361222, days = 1071000000;
+  return dayNumber - firstGregorianDay < days;
+}
+
+inline CivilDate nearDateOf(std::uint32_t dayNumber)
+{
+  const std::uint32_t quarters = 4 * (dayNumber - 1721120) + 3;  // since 1 March 1 BC by this calendar
+  const std::uint32_t quartersInCentury = quarters % 146097 | 3;
+  const std::uint64_t years = std::uint64_t{2939745} * quartersInCentury;  // with 32 bits behind the point
+  const std::uint32_t dayOfYear = static_cast<std::uint32_t>(years) / 2939745 / 4;
+  const std::uint32_t monthAndDay = 2141 * dayOfYear + 197913;  // the month above bit 16, 2141 parts a day below
+  const bool isAfterNewYear = dayOfYear >= 306;
+  const std::uint32_t year = 100 * (quarters / 146097) + static_cast<std::uint32_t>(years >> 32) + isAfterNewYear;
+  const std::uint32_t month = (monthAndDay >> 16) - (isAfterNewYear ? 12 : 0);
+  return {static_cast<int>(year), static_cast<int>(month), static_cast<int>((monthAndDay & 0xFFFF) / 2141 + 1)};
+}
+
+/// Whether these are of the Gregorian calendar without doubt, and near in the same sense.
+inline bool isNearDate(int year, int month, int day)
+{
+  return static_cast<std::uint32_t>(year) - 1754 < 1000000 && static_cast<std::uint32_t>(month) - 1 < 12 &&
+         static_cast<std::uint32_t>(day) - 1 < 31;
+}
+
+inline std::uint32_t nearDayNumberOf(int year, int month, int day)
+{
+  const bool isBeforeMarch = month <= 2;
+  const std::uint32_t marchYear = static_cast<std::uint32_t>(year) - isBeforeMarch;
+  const std::uint32_t marchMonth = static_cast<std::uint32_t>(month) + (isBeforeMarch ? 12 : 0);
+  const std::uint32_t century = marchYear / 100;
+  const std::uint32_t daysBeforeYear = 1461 * marchYear / 4 - century + century / 4;
+  const std::uint32_t daysBeforeMonth = (979 * marchMonth - 2919) / 32;
+  return 1721119 + daysBeforeYear + daysBeforeMonth + static_cast<std::uint32_t>(day);
+}
+
+}  // namespace detail
+}  // namespace quelmcl
 
 /// A date in four bytes, as containers keep it. It holds the years 0 to 65535 only: what does not fit is cut.
 struct ICnrDate {
@@ -64,9 +119,15 @@ public:
   /// From month, day and year. Days that the month does not have roll on, months other than 1 to 12 as well; 3 to 13
   /// September 1752 become the 2nd. Deliberate: the year 0 counts as year 1; and more days than 1752's remaining ones,
   /// counted on from a year before 1602, arrive later by a day or more, as the century rule is asked about that year.
-  IDate(Month aMonth, int aDay, int aYear) { initialize(aMonth, aDay, aYear); }
+  IDate(Month aMonth, int aDay, int aYear)
+  {
+    if (quelmcl::detail::isNearDate(aYear, aMonth, aDay))
+      julian = quelmcl::detail::nearDayNumberOf(aYear, aMonth, aDay);
+    else
+      initialize(aMonth, aDay, aYear);
+  }
   /// \copydoc IDate(Month,int,int)
-  IDate(int aDay, Month aMonth, int aYear) { initialize(aMonth, aDay, aYear); }
+  IDate(int aDay, Month aMonth, int aYear) : IDate(aMonth, aDay, aYear) {}
   /// From year and day of the year, in this order. Days 247 and later of 1752 are 14 September and later. A day that
   /// the year does not have counts on from 1 January.
   IDate(int aYear, int aDay);
@@ -83,10 +144,10 @@ public:
 
   /// @name Parts
   /// @{
-  unsigned long julianDate() const { return julian; }  ///< the day number, 0 to 4294967295
-  int dayOfMonth() const;                              ///< 1 to 31
-  Month monthOfYear() const;
-  int year() const;  ///< never 0; negative for years BC
+  unsigned long julianDate() const { return julian; }             ///< the day number, 0 to 4294967295
+  QUELMCL_API int dayOfMonth() const { return civilDate().day; }  ///< 1 to 31
+  QUELMCL_API Month monthOfYear() const { return static_cast<Month>(civilDate().month); }
+  QUELMCL_API int year() const { return civilDate().year; }  ///< never 0; negative for years BC
   /// Counted from 1. Deliberate: after 2 September 1752 the missing days of that year are counted too.
   int dayOfYear() const;
   DayOfWeek dayOfWeek() const { return static_cast<DayOfWeek>(julian % 7); }
@@ -164,6 +225,13 @@ protected:
   void initialize(Month aMonth, int aDay, int aYear);
 
 private:
+  static quelmcl::detail::CivilDate anyDateOf(std::uint32_t dayNumber);
+  quelmcl::detail::CivilDate civilDate() const
+  {
+    const std::uint32_t dayNumber = static_cast<std::uint32_t>(julian);
+    return quelmcl::detail::isNearDay(dayNumber) ? quelmcl::detail::nearDateOf(dayNumber) : anyDateOf(dayNumber);
+  }
+
   /// Day numbers have 32 bits, also where an unsigned long has more.
   static unsigned long wrapped(unsigned long number) { return number & 0xFFFFFFFFul; }
   static unsigned long asDays(int number) { return static_cast<unsigned long>(number); }

@@ -1,21 +1,18 @@
-// calendar.hpp - day numbers to dates and back, in constant time.
+// calendar.hpp - day numbers to dates and back, in constant time, for every number and any parts. The header of IDate has
+// the two conversions for most dates of our centuries; what follows is for all.
 //
-// From a day number to a date the way is that of C. Neri and L. Schneider, "Euclidean affine functions and their
-// application to calendar algorithms", Software: Practice and Experience 53 (2023): years begin in March, so that a
-// leap day is the last one of its year, and dividing 4n+3 by the length of four years (or centuries) gives the year and,
-// as the remainder, four times the day in it. The same for months, as one multiplication. Our calendar is the Julian one
-// before the changeover of 1752 and the Gregorian one after it, so there are two first steps and one second.
+// From a day number to a date the way is the same as there: years begin in March, so that a leap day is the last one of
+// its year, and dividing 4n+3 by the length of four years (or centuries) gives the year and, as the remainder, four
+// times the day in it. Our calendar is the Julian one before the changeover of 1752 and the Gregorian one after it, so
+// there are two first steps and one second.
 #ifndef QUELMCL_SRC_DATETIME_CALENDAR_HPP
 #define QUELMCL_SRC_DATETIME_CALENDAR_HPP
+
+#include <quelmcl/idate.hpp>
 
 #include <cstdint>
 
 namespace quelmcl::detail {
-
-/// A year (negative BC, never 0), a month from 1, and a day from 1.
-struct CivilDate {
-  int year, month, day;
-};
 
 constexpr std::uint32_t lastJulianDay = 2361221;  // 2 September 1752; the next day is the 14th
 constexpr int changeoverYear = 1752;
@@ -48,34 +45,29 @@ constexpr bool isLeap(Number year)
   return year <= changeoverYear || year % 100 != 0 || year % 400 == 0;
 }
 
-/// The date in a year that begins in March, `elapsed` such years after March of 4713 BC.
-constexpr CivilDate dateInMarchYear(int elapsed, std::uint32_t dayOfMarchYear)
-{
-  const bool isAfterNewYear = dayOfMarchYear >= 306;
-  const std::uint32_t monthAndDay = 2141 * dayOfMarchYear + 197913;  // the month above bit 16, 2141 parts a day below
-  const int month = static_cast<int>(monthAndDay >> 16);
-  const int day = static_cast<int>((monthAndDay & 0xFFFF) / 2141) + 1;
-  return {yearAfter(elapsed + isAfterNewYear), isAfterNewYear ? month - 12 : month, day};
-}
-
 constexpr CivilDate julianDateOf(std::uint32_t dayNumber)
 {
   const std::uint32_t daysBefore = 1401;  // from March of the leap year before, which begins a cycle of four years
   const std::uint32_t quarters = 4 * (dayNumber + daysBefore) + 3;
-  return dateInMarchYear(static_cast<int>(quarters / 1461) - 4, quarters % 1461 / 4);
+  const std::uint32_t dayOfYear = quarters % 1461 / 4;
+  const bool isAfterNewYear = dayOfYear >= 306;
+  const std::uint32_t monthAndDay = 2141 * dayOfYear + 197913;  // the month above bit 16, 2141 parts a day below
+  const int month = static_cast<int>(monthAndDay >> 16) - (isAfterNewYear ? 12 : 0);
+  const int elapsed = static_cast<int>(quarters / 1461) - 4 + isAfterNewYear;
+  return {yearAfter(elapsed), month, static_cast<int>((monthAndDay & 0xFFFF) / 2141) + 1};
 }
 
-constexpr CivilDate gregorianDateOf(std::uint32_t dayNumber)
+/// The Gregorian calendar repeats itself every 400 years of 146097 days, so a far date has a near twin.
+inline CivilDate gregorianDateOf(std::uint32_t dayNumber)
 {
-  const std::uint32_t days = dayNumber - 1721120;          // since 1 March 1 BC by this calendar
-  const std::uint32_t quarters = 4 * (days % 146097) + 3;  // in 400 years; so it fits, whatever the day number is
-  const std::uint32_t quartersInCentury = quarters % 146097 / 4 * 4 + 3;
-  const std::uint32_t years = days / 146097 * 400 + quarters / 146097 * 100 + quartersInCentury / 1461;
-  return dateInMarchYear(static_cast<int>(years) + 4712, quartersInCentury % 1461 / 4);
+  const std::uint32_t cycles = (dayNumber - lastJulianDay) / 146097;
+  CivilDate date = nearDateOf(dayNumber - cycles * 146097);
+  date.year += 400 * static_cast<int>(cycles);
+  return date;
 }
 
 /// The date of any day number.
-constexpr CivilDate dateOf(std::uint32_t dayNumber)
+inline CivilDate dateOf(std::uint32_t dayNumber)
 {
   return dayNumber <= lastJulianDay ? julianDateOf(dayNumber) : gregorianDateOf(dayNumber);
 }

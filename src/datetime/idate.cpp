@@ -21,11 +21,6 @@ namespace {
 
 enum Message : unsigned long { noDate = 1101 };
 
-CivilDate civilDateOf(const IDate& date)
-{
-  return quelmcl::detail::dateOf(static_cast<std::uint32_t>(date.julianDate()));
-}
-
 bool isMonth(int month)
 {
   return month >= 1 && month <= 12;
@@ -76,6 +71,11 @@ bool isDayOfYear(int daysBefore, const IDate& date)
   return daysBefore == unknown || daysBefore == daysToMonth[leap][date.monthOfYear() - 1] + date.dayOfMonth() - 1;
 }
 
+// These become part of their callers; here they are made once more, for whoever looks for them in the library.
+[[gnu::used]] int (IDate::*const dayOfMonthInLibrary)() const = &IDate::dayOfMonth;
+[[gnu::used]] IDate::Month (IDate::*const monthOfYearInLibrary)() const = &IDate::monthOfYear;
+[[gnu::used]] int (IDate::*const yearInLibrary)() const = &IDate::year;
+
 }  // namespace
 
 // ---- construction ----
@@ -110,31 +110,21 @@ void IDate::initialize(Month aMonth, int aDay, int aYear)
 
 // ---- parts ----
 
-int IDate::dayOfMonth() const
+quelmcl::detail::CivilDate IDate::anyDateOf(std::uint32_t dayNumber)
 {
-  return civilDateOf(*this).day;
-}
-
-IDate::Month IDate::monthOfYear() const
-{
-  return static_cast<Month>(civilDateOf(*this).month);
-}
-
-int IDate::year() const
-{
-  return civilDateOf(*this).year;
+  return quelmcl::detail::dateOf(dayNumber);
 }
 
 int IDate::dayOfYear() const
 {
-  const CivilDate date = civilDateOf(*this);
+  const CivilDate date = civilDate();
   // Deliberate: the days that 1752 lacks are counted.  Test: DateParts.TheDayOfTheYearCountsTheMissingDays
   return date.day + daysToMonth[isLeap(date.year)][date.month - 1];
 }
 
 ICnrDate IDate::asICnrDate() const
 {
-  const CivilDate date = civilDateOf(*this);
+  const CivilDate date = civilDate();
   return {static_cast<unsigned char>(date.day), static_cast<unsigned char>(date.month),
           static_cast<unsigned short>(date.year)};
 }
@@ -176,7 +166,7 @@ IString IDate::asString(const char* fmt) const
 {
   if (fmt == nullptr)
     return asString(localeYear);
-  const CivilDate date = civilDateOf(*this);
+  const CivilDate date = civilDate();
   // Deliberate: any letter y is taken for a year of two digits.  Test: DateText.ALetterYMovesEarlyYears
   const bool isTwoDigitYear = date.year < 1900 && std::strchr(fmt, 'y') != nullptr;
   std::tm fields = {};
