@@ -91,6 +91,7 @@ struct ICnrDate {
   unsigned short year;
 };
 
+/// A calendar date: one day number.
 class QUELMCL_API IDate : public IBase {
 public:
   enum Month : int {
@@ -117,8 +118,8 @@ public:
   /// Today.
   IDate() : julian(today().julian) {}
   /// From month, day and year. Days that the month does not have roll on, months other than 1 to 12 as well; 3 to 13
-  /// September 1752 become the 2nd. Deliberate: the year 0 counts as year 1; and more days than 1752's remaining ones,
-  /// counted on from a year before 1602, arrive later by a day or more, as the century rule is asked about that year.
+  /// September 1752 become the 2nd. Deliberate: the year 0 counts as year 1, and days that are counted from a year
+  /// before 1602 across the changeover arrive a day or more late.
   IDate(Month aMonth, int aDay, int aYear)
   {
     if (quelmcl::detail::isNearDate(aYear, aMonth, aDay))
@@ -144,7 +145,8 @@ public:
 
   /// @name Parts
   /// @{
-  unsigned long julianDate() const { return julian; }             ///< the day number, 0 to 4294967295
+  unsigned long julianDate() const { return julian; }  ///< the day number, 0 to 4294967295
+  // Marked one by one: inline functions stay hidden in the library otherwise, and programs may look for these there.
   QUELMCL_API int dayOfMonth() const { return civilDate().day; }  ///< 1 to 31
   QUELMCL_API Month monthOfYear() const { return static_cast<Month>(civilDate().month); }
   QUELMCL_API int year() const { return civilDate().year; }  ///< never 0; negative for years BC

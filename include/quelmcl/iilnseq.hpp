@@ -32,6 +32,7 @@ public:
 
 QUELMCL_NO_VIRTUAL_DESTRUCTOR_BEGIN
 
+/// The engine: links, count and order, of nodes whose elements it does not know.
 class QUELMCL_API ILinkedSequenceImpl {
 public:
   /// An empty sequence.

@@ -116,6 +116,7 @@ struct Less {
 }  // namespace detail
 }  // namespace quelmcl
 
+/// A doubly linked sequence that owns its elements.
 template <class Element>
 class ILinkedSequence {
   using Link = ILinkedSequenceImplNode;

@@ -24,6 +24,7 @@ struct ICnrTime {
   unsigned char ucReserved;  ///< 0
 };
 
+/// A time of day: seconds since midnight.
 class QUELMCL_API ITime : public IBase {
 public:
   /// @name Construction
