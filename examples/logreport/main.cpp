@@ -2,8 +2,8 @@
 // Tests: tests/examples/logreport_test.sh
 //
 // Strings from front to back: a line of the log is taken apart by its words, the parts are the keys of ordinary maps,
-// and the columns of the report are justified texts. Failures travel as the library's exceptions and end as one
-// sentence each.
+// the tables are linked sequences of rows, sorted in place, and the columns of the report are justified texts. Dates
+// count the days. Failures travel as the library's exceptions and end as one sentence each.
 //
 // Nobody calls setlocale here, on purpose: the first string finds the "C" locale, so a character is a byte for as long
 // as the program runs. That suits a log: any byte can be in it, and what is not visible ASCII must not reach the
@@ -41,7 +41,7 @@ enum ExitStatus { allWell = 0, troubleWithInput = 1, wrongUsage = 2 };
 
 using Counts = std::map<IString, unsigned long>;
 using Row = std::pair<IString, unsigned long>;
-using Rows = std::vector<Row>;
+using Rows = ILinkedSequence<Row>;
 
 // ---- one line of the log ----
 
@@ -125,7 +125,7 @@ struct Log {
   IString first, last;                  // "date time"
   Counts actions, hours, packages;      // by "action", "date hour", "package architecture"
   std::map<IString, IString> versions;  // the latest version of "package architecture", as "date time version"
-  std::vector<IString> malformed;       // the first few
+  ILinkedSequence<IString> malformed;   // the first few
 };
 
 void addEntry(const Entry& entry, Log& log)
@@ -163,7 +163,7 @@ void addMalformed(const IString& line, const IString& place, const IException& f
 {
   const unsigned shownLines = 5, shownBytes = 1000;  // no page is wider
   if (log.malformedCount++ < shownLines)
-    log.malformed.push_back(place + ": " + failure.text() + ": " + visible(IString(line).remove(shownBytes + 1)));
+    log.malformed.add(place + ": " + failure.text() + ": " + visible(IString(line).remove(shownBytes + 1)));
 }
 
 [[noreturn]] void throwAccessError(int errorNumber, const IExceptionLocation& location)
@@ -231,27 +231,24 @@ private:
   unsigned width;
 };
 
-/// Days since some day long ago.
-long dayNumber(const IString& date)
+/// The date in front of a moment. Every month may have 31 days here; those that it does not have roll on into the next.
+IDate dateOf(const IString& moment)
 {
-  const long month = date.subString(6, 2).asInt();
-  const long monthsFromMarch = (month + 9) % 12;  // a year that begins in March has its leap day at its end
-  const long year = date.subString(1, 4).asInt() - (month < 3);
-  const long leapDays = year / 4 - year / 100 + year / 400;
-  return 365 * year + leapDays + (153 * monthsFromMarch + 2) / 5 + date.subString(9, 2).asInt();
+  const int month = static_cast<int>(moment.subString(6, 2).asInt());
+  const int day = static_cast<int>(moment.subString(9, 2).asInt());
+  return IDate(static_cast<IDate::Month>(month), day, static_cast<int>(moment.subString(1, 4).asInt()));
 }
 
-long daysCovered(const Log& log)
+int daysCovered(const Log& log)
 {
-  return dayNumber(log.last.word(1)) - dayNumber(log.first.word(1)) + 1;
+  return dateOf(log.last) - dateOf(log.first) + 1;
 }
 
 /// The counts as rows, the largest first.
 Rows ranked(const Counts& counts)
 {
   Rows rows(counts.begin(), counts.end());
-  std::stable_sort(rows.begin(), rows.end(),
-                   [](const Row& left, const Row& right) { return left.second > right.second; });
+  rows.sort([](const Row& left, const Row& right) { return left.second > right.second; });
   return rows;
 }
 
@@ -302,12 +299,13 @@ void printActivity(const Log& log, const Page& page)
 void printPackages(const Log& log, unsigned top, const Page& page)
 {
   Rows rows = ranked(log.packages);
-  rows.resize(std::min<std::size_t>(rows.size(), top));
-  if (rows.empty())
+  while (rows.numberOfElements() > top)
+    rows.removeLast();
+  if (rows.isEmpty())
     return;
 
   const unsigned architectureWidth = 6;
-  const unsigned countWidth = std::max(5u, IString(rows.front().second).length());
+  const unsigned countWidth = std::max(5u, IString(rows.firstElement().second).length());
   const unsigned versionWidth = page.columns() * 3 / 10;
   const unsigned nameWidth = page.columns() - architectureWidth - countWidth - versionWidth - 8;
   const auto printRow = [&](const IString& key, const IString& count, const IString& version) {
@@ -315,7 +313,7 @@ void printPackages(const Log& log, unsigned top, const Page& page)
               IString::rightJustify(count, countWidth) + "  " + fitted(version, versionWidth));
   };
 
-  page.heading("Packages touched most, " + IString(rows.size()) + " of " + IString(log.packages.size()));
+  page.heading("Packages touched most, " + IString(rows.numberOfElements()) + " of " + IString(log.packages.size()));
   printRow("Package Arch", "Lines", "Latest version");
   for (const Row& row : rows)
     printRow(row.first, row.second, log.versions.at(row.first).word(3));

@@ -224,10 +224,10 @@ QUELMCL_EXCEPTION_CLASS(IAccessError, IException);
 QUELMCL_EXCEPTION_CLASS(IAssertionFailure, IException);
 /// A device failed.
 QUELMCL_EXCEPTION_CLASS(IDeviceError, IException);
-/// An argument is outside of what the operation accepts.
+/// An argument is outside of what the operation accepts: a text that is no date or time (1101, 1102).
 QUELMCL_EXCEPTION_CLASS(IInvalidParameter, IException);
 /// The object cannot do this, or not in its present state: a length that no string can hold (1010), reading past the
-/// end (1011).
+/// end (1011), a place that a sequence does not have (1201, 1202).
 QUELMCL_EXCEPTION_CLASS(IInvalidRequest, IException);
 /// Something that there is only so much of has run out; the derived classes say what.
 QUELMCL_EXCEPTION_CLASS(IResourceExhausted, IException);

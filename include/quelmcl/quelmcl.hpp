@@ -6,17 +6,22 @@
 #include <quelmcl/i0string.hpp>
 #include <quelmcl/ibase.hpp>
 #include <quelmcl/ibuffer.hpp>
+#include <quelmcl/icursor.hpp>
+#include <quelmcl/idate.hpp>
 #include <quelmcl/idbcsb.hpp>
 #include <quelmcl/idefs.hpp>
 #include <quelmcl/ierrinfo.hpp>
 #include <quelmcl/iexcbase.hpp>
 #include <quelmcl/iexcept.hpp>
+#include <quelmcl/iilnseq.hpp>
+#include <quelmcl/ilnseq.hpp>
 #include <quelmcl/imsgtext.hpp>
 #include <quelmcl/iplatfrm.hpp>
 #include <quelmcl/istparse.hpp>
 #include <quelmcl/istrenum.hpp>
 #include <quelmcl/istring.hpp>
 #include <quelmcl/istrtest.hpp>
+#include <quelmcl/itime.hpp>
 #include <quelmcl/ivbase.hpp>
 
 #endif

@@ -54,6 +54,8 @@ REVEAL(RegistryUser, IException::TraceFn*, IExceptStaticPtr, pUserTraceFn);
 REVEAL(MessageText, char*, IMessageText, pClText);
 REVEAL(MessageSuccess, int, IMessageText, bClSuccess);
 REVEAL(StringText, char*, IString, pBuffer);
+REVEAL(DateNumber, unsigned long, IDate, julian);
+REVEAL(TimeSeconds, long, ITime, ticks);
 
 template <class Whole, class Member>
 std::size_t distance(const Whole& whole, const Member& part)
@@ -268,6 +270,81 @@ TEST(ErrorInformationLayout, TheCommonBaseHasNoFields)
 {
   EXPECT_EQ(sizeof(void*), sizeof(IBaseErrorInfo));
   EXPECT_TRUE(std::is_abstract<IBaseErrorInfo>::value);
+}
+
+TEST(DateLayout, ADateIsItsDayNumber)
+{
+  const IDate date(2451545ul);
+  EXPECT_EQ(sizeof(long), sizeof(IDate));
+  EXPECT_EQ(0u, offsetIn<DateNumber>(date));
+  EXPECT_EQ(2451545ul, wordAt<unsigned long>(&date));
+  EXPECT_FALSE(std::is_polymorphic<IDate>::value);
+}
+
+TEST(DateLayout, ThePackedDateIsDayMonthAndYear)
+{
+  EXPECT_EQ(4u, sizeof(ICnrDate));
+  EXPECT_EQ(0u, offsetof(ICnrDate, day));
+  EXPECT_EQ(1u, offsetof(ICnrDate, month));
+  EXPECT_EQ(2u, offsetof(ICnrDate, year));
+  const ICnrDate packed = IDate(IDate::July, 20, 1969).asICnrDate();
+  EXPECT_EQ(0x07B10714u, wordAt<std::uint32_t>(&packed));
+}
+
+TEST(TimeLayout, ATimeIsItsSeconds)
+{
+  const ITime time(1, 2, 3);
+  EXPECT_EQ(sizeof(long), sizeof(ITime));
+  EXPECT_EQ(0u, offsetIn<TimeSeconds>(time));
+  EXPECT_EQ(3723, wordAt<long>(&time));
+  EXPECT_FALSE(std::is_polymorphic<ITime>::value);
+}
+
+TEST(TimeLayout, ThePackedTimeIsHoursMinutesSecondsAndAReservedByte)
+{
+  EXPECT_EQ(4u, sizeof(ICnrTime));
+  const ICnrTime packed = ITime(1, 2, 3).asICnrTime();
+  EXPECT_EQ(0x00030201u, wordAt<std::uint32_t>(&packed));
+}
+
+// Fields that derived classes may see are reached through one; it is never asked for what it does not have.
+QUELMCL_NO_VIRTUAL_DESTRUCTOR_BEGIN
+struct SequenceProbe : ILinkedSequenceImpl {
+  ILinkedSequenceImplNode* newNode(const void*) const override { return nullptr; }
+  void deleteNode(void*) const override {}
+  bool constantFunctionIteration(void*, void*, const void*) const override { return false; }
+  bool functionIteration(void*, void*, void*) const override { return false; }
+  bool constantIteratorIteration(void*, const void*) const override { return false; }
+  bool iteratorIteration(void*, void*) const override { return false; }
+  int functionComparison(void*, const void*, const void*) const override { return 0; }
+  std::size_t firstOffset() const { return distance(*this, ivFirst); }
+  std::size_t lastOffset() const { return distance(*this, ivLast); }
+  std::size_t countOffset() const { return distance(*this, ivNumberOfElements); }
+};
+QUELMCL_NO_VIRTUAL_DESTRUCTOR_END
+
+TEST(SequenceLayout, TheEngineIsVirtualTableFirstLastAndCount)
+{
+  const SequenceProbe probe;
+  EXPECT_EQ(sizeof(void*), probe.firstOffset());
+  EXPECT_EQ(2 * sizeof(void*), probe.lastOffset());
+  EXPECT_EQ(3 * sizeof(void*), probe.countOffset());
+  EXPECT_EQ(4 * sizeof(void*), sizeof(ILinkedSequenceImpl));
+  EXPECT_FALSE(std::has_virtual_destructor<ILinkedSequenceImpl>::value);
+}
+
+TEST(SequenceLayout, ANodeIsNextAndPrevious)
+{
+  EXPECT_EQ(0u, offsetof(ILinkedSequenceImplNode, ivNext));
+  EXPECT_EQ(sizeof(void*), offsetof(ILinkedSequenceImplNode, ivPrevious));
+  EXPECT_EQ(2 * sizeof(void*), sizeof(ILinkedSequenceImplNode));
+  EXPECT_FALSE(std::is_polymorphic<ILinkedSequenceImplNode>::value);
+}
+
+TEST(SequenceLayout, ACursorHasAVirtualTableAndAVirtualDestructor)
+{
+  EXPECT_EQ(sizeof(void*), sizeof(ICursor));
+  EXPECT_TRUE(std::has_virtual_destructor<ICursor>::value);
 }
 
 TEST(ResultLayout, TruthValuesAndPositionsAre32BitsWide)

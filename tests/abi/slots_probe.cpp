@@ -38,7 +38,32 @@ struct IExceptTraceFn : ::IExceptTraceFn {
   void write(const char* buffer) override;
 };
 void IExceptTraceFn::write(const char*) {}
+
+struct ILinkedSequenceImpl : ::ILinkedSequenceImpl {
+  ILinkedSequenceImplNode* newNode(const void* node) const override;
+  void deleteNode(void* node) const override {}
+  bool constantFunctionIteration(void* function, void* argument, const void* node) const override { return false; }
+  bool functionIteration(void* function, void* argument, void* node) const override { return false; }
+  bool constantIteratorIteration(void* iterator, const void* node) const override { return false; }
+  bool iteratorIteration(void* iterator, void* node) const override { return false; }
+  int functionComparison(void* comparison, const void* node1, const void* node2) const override { return 0; }
+};
+ILinkedSequenceImplNode* ILinkedSequenceImpl::newNode(const void*) const
+{
+  return nullptr;
+}
 QUELMCL_NO_VIRTUAL_DESTRUCTOR_END
+
+struct ICursor : ::ICursor {
+  ~ICursor() override;
+  bool setToFirst() override { return false; }
+  bool setToNext() override { return false; }
+  bool isValid() const override { return false; }
+  void invalidate() override {}
+  void copy(const ::ICursor& cursor) override {}
+  bool operator==(const ::ICursor& cursor) const override { return false; }
+};
+ICursor::~ICursor() {}
 
 // Abstract: what is pure has to be overridden, or the table would not tell the names.
 struct IBaseErrorInfo : ::IBaseErrorInfo {

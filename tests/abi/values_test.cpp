@@ -90,6 +90,33 @@ TEST(EnumeratorValues, FnType)
   EXPECT_EQ(4, numberOf(IStringTest::cMemFn));
 }
 
+TEST(EnumeratorValues, Month)
+{
+  const IDate::Month months[] = {IDate::January,   IDate::February, IDate::March,    IDate::April,
+                                 IDate::May,       IDate::June,     IDate::July,     IDate::August,
+                                 IDate::September, IDate::October,  IDate::November, IDate::December};
+  int expected = 1;
+  for (const IDate::Month month : months)
+    EXPECT_EQ(expected++, numberOf(month));
+  EXPECT_EQ(13, expected);
+}
+
+TEST(EnumeratorValues, DayOfWeek)
+{
+  const IDate::DayOfWeek days[] = {IDate::Monday, IDate::Tuesday,  IDate::Wednesday, IDate::Thursday,
+                                   IDate::Friday, IDate::Saturday, IDate::Sunday};
+  int expected = 0;
+  for (const IDate::DayOfWeek day : days)
+    EXPECT_EQ(expected++, numberOf(day));
+  EXPECT_EQ(7, expected);
+}
+
+TEST(EnumeratorValues, YearFormat)
+{
+  EXPECT_EQ(0, numberOf(IDate::localeYear));
+  EXPECT_EQ(1, numberOf(IDate::fourDigitYear));
+}
+
 TEST(ConstantValues, NotFoundHasAllBitsSet)
 {
   const unsigned& notFound = I0String::notFound;

@@ -38,7 +38,7 @@ TEST_P(ShippedMessage, EndsWithoutALineEnd)
   EXPECT_NE(text.back(), '\r');
 }
 
-INSTANTIATE_TEST_SUITE_P(Numbers, ShippedMessage, testing::Values(1, 4, 185, 186, 1010, 1011),
+INSTANTIATE_TEST_SUITE_P(Numbers, ShippedMessage, testing::Values(1, 4, 185, 186, 1010, 1011, 1101, 1102, 1201, 1202),
                          testing::PrintToStringParamName());
 
 class ShippedMessageAboutAnExpression : public ShippedMessage {};
@@ -50,7 +50,7 @@ TEST_P(ShippedMessageAboutAnExpression, ShowsTheExpression)
   EXPECT_EQ(std::string(message.text()).find("%1"), std::string::npos) << message.text();
 }
 
-INSTANTIATE_TEST_SUITE_P(Numbers, ShippedMessageAboutAnExpression, testing::Values(1),
+INSTANTIATE_TEST_SUITE_P(Numbers, ShippedMessageAboutAnExpression, testing::Values(1, 1101, 1102, 1201, 1202),
                          testing::PrintToStringParamName());
 
 class ShippedMessageWithoutVariables : public ShippedMessage {};
