@@ -13,9 +13,11 @@
 #include <quelmcl/iexcept.hpp>
 #include <quelmcl/imsgtext.hpp>
 #include <quelmcl/iplatfrm.hpp>
+#include <quelmcl/istartup.hpp>
 #include <quelmcl/istrenum.hpp>
 #include <quelmcl/istring.hpp>
 #include <quelmcl/istrtest.hpp>
+#include <quelmcl/itrace.hpp>
 #include <quelmcl/ivbase.hpp>
 
 #endif
