@@ -7,6 +7,7 @@
 
 #include "buffers/characterset.hpp"
 #include "exceptions/quietstorage.hpp"
+#include "exceptions/startup.hpp"
 #include "foundation/errnoguard.hpp"
 
 #include <algorithm>
@@ -15,6 +16,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <unistd.h>
+
+QUELMCL_KEEP_START_UP
 
 using quelmcl::detail::ErrnoGuard;
 using quelmcl::detail::NewHandlerPause;
