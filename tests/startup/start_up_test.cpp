@@ -220,7 +220,8 @@ TEST(TwoHandlers, SeeBothFamilies)
   EXPECT_EQ(handledByBoth(exhaust), "library: IOutOfMemory");
 }
 
-void runAsOlderCodeExpects(void (*work)())
+template <class Work>
+void withStandardExceptions(Work work)
 {
   try {
     work();
@@ -234,7 +235,7 @@ TEST(TwoHandlers, CanTranslateForCodeThatKnowsOnlyOne)
   CountingHook hook;
   InstalledHook installed(hook);
   CapturedStandardError quiet;
-  EXPECT_EQ(handledByBoth([] { runAsOlderCodeExpects(exhaust); }), "standard: std::bad_alloc");
+  EXPECT_EQ(handledByBoth([] { withStandardExceptions(exhaust); }), "standard: std::bad_alloc");
 }
 
 TEST(TwoHandlers, AreNotNeededForTheHeapOnceTheProgramHasTakenTheNewHandlerAway)
