@@ -50,7 +50,7 @@ public:
   }
   /// Writes the exit line "-NAME" when an entry line was written and tracing is still on. So tracing that is switched
   /// between the two leaves the indentation uneven.
-  virtual ~ITrace()
+  ~ITrace() override
   {
     if (pszClTraceName != nullptr)
       leave();
@@ -175,7 +175,7 @@ public:
 /// has none of them. Their arguments are then not even evaluated. Trace objects written out, without the macros, stay.
 ///
 /// `QUELMCL_TRACE_FUNCTION();` traces the function it stands in, from here to its end: name and line on entry, name on
-/// exit. `QUELMCL_TRACE_SCOPE(name);` does so for a block, under a name of its own. `QUELMCL_TRACE_WRITE(text);` writes a
+/// exit. `QUELMCL_TRACE_SCOPE(name);` does so for a block, under a name of its own. One of the two a line. `QUELMCL_TRACE_WRITE(text);` writes a
 /// line of text, a `const char*` or anything that an IString is built from, and evaluates it only while tracing is on.
 #ifdef QUELMCL_TRACE_OFF
 #  define QUELMCL_TRACE_FUNCTION() static_cast<void>(0)
