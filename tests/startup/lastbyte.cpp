@@ -89,7 +89,7 @@ void everyOperation()
   tellWithoutAByte(takeAByte);
   tellWithoutAByte([] { delete new IString("abc"); });
   tellWithoutAByte([&] { edited.insert("more", 3); });
-  tellWithoutAByte([&] { IString(text + "x"); });
+  tellWithoutAByte([&] { const IString joined = text + "x"; });
   tellWithoutAByte([&] { edited.upperCase(); });
   std::printf("%s\n", edited == text ? "untouched" : "changed");
 }

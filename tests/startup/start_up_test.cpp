@@ -53,9 +53,11 @@ template struct Registry<&IExceptStaticPtr::registry, &IExceptStaticPtr::pTraceF
 
 TEST(StartUp, HasFoundTheFallbackHookMade)
 {
-  ASSERT_NE(fallbackHook(), nullptr);
-  EXPECT_TRUE(typeid(*fallbackHook()) == typeid(IExceptTraceFn));
-  EXPECT_NE(fallbackHook(), hookBeforeMain);
+  const IException::TraceFn* const fallback = fallbackHook();
+  ASSERT_NE(fallback, nullptr);
+  const IException::TraceFn& hook = *fallback;
+  EXPECT_TRUE(typeid(hook) == typeid(IExceptTraceFn));
+  EXPECT_NE(fallback, hookBeforeMain);
 }
 
 TEST(StartUpHook, WritesToTheTraceWithoutAnEntryLine)

@@ -189,4 +189,22 @@ TEST_F(TraceFile, KeepsCharactersOfSeveralBytesWhole)
                            "aB"});
 }
 
+// A file that belongs to another user and runs with his rights, as a password program does.
+TEST_F(TraceFile, IsNotWrittenByAProgramThatRunsWithAnotherUsersRights)
+{
+  const uid_t somebody = 65534;
+  const std::string program = folder + "/probe";
+  std::ofstream(program, std::ios::binary) << std::ifstream(QUELMCL_TRACE_PROBE, std::ios::binary).rdbuf();
+  if (chmod(folder.c_str(), 0777) != 0 || chown(program.c_str(), somebody, somebody) != 0 ||
+      chmod(program.c_str(), 04755) != 0)
+    GTEST_SKIP() << "only root can make such a file";
+  const Words settings = {"KOLTA TRACE=on", "KOLTA TRACETO=file", "KOLTA TRACEFILE=t", "KOLTA_CHECKSTACK=on"};
+  const ChildProcess child =
+    quelmcl_test::runChild({program, "read", "state", "to-file", "enable", "write", "x"}, settings, folder);
+  if (child.status != 0 || child.err.compare(0, 2, "on") == 0)
+    GTEST_SKIP() << "this machine does not start such files, or not with the other user's rights: " << child.err;
+  EXPECT_EQ(child.err, "off numbers=1 prefix=1 to=stdout stack=0\n");
+  EXPECT_EQ(names(), Words{"probe"});
+}
+
 }  // namespace

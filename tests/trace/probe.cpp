@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <sys/auxv.h>
 #include <unistd.h>
 #include <vector>
 
@@ -55,6 +56,7 @@ const Plain plainCommands[] = {
   {"write-nul", [] { ITrace::write(IString("ab\0cd", 5)); }},
   {"empty-object", [] { const ITrace trace; }},
   {"end-at-once", [] { _exit(0); }},
+  {"rights", [] { std::fputs(getauxval(AT_SECURE) != 0 ? "another's rights\n" : "own rights\n", stderr); }},
   {"print", [] { std::fputs("printed ", stdout); }},
   {"throw",
    [] {
