@@ -17,7 +17,11 @@ add_custom_target(quelmcl_locales DEPENDS ${testLocales}/made)
 
 # What a test may rely on: the C locale, this build's catalogs and locales, and none of the caller's own settings for either.
 set(testEnvironment LANG=C LC_ALL=C "NLSPATH=${quelmcl_NLSPATH}" "LOCPATH=${testLocales}")
+# Neither traces nor catalogs as the caller of the tests has set them.
 set(testEnvironmentChanges "KOLTA MSGFILE=unset:" LANGUAGE=unset:)
+foreach(setting IN ITEMS TRACE TRACETO TRACEFILE CHECKSTACK)
+  list(APPEND testEnvironmentChanges "KOLTA ${setting}=unset:" KOLTA_${setting}=unset:)
+endforeach()
 
 # quelmcl_add_test(<folder> SOURCES <file>... [LIBRARY_SOURCES <file>...] [LIBRARY <target>] [LOCALES <locale>...])
 #

@@ -9,8 +9,7 @@
 /// Positions are 1-based bytes, lengths are bytes; both are 32 bits wide on every target. Editing operations return a
 /// buffer that carries one reference for the caller: this one (its count raised by one) when nothing changes or a
 /// sole owner was edited in place, else a new one, else the null buffer. They leave this buffer as it was when they
-/// throw: IInvalidRequest 1010 for a length that no buffer can hold, IOutOfMemory or std::bad_alloc for an exhausted
-/// heap. Pointer arguments may point into this buffer's own text.
+/// throw: IInvalidRequest 1010 for a length that no buffer can hold, IOutOfMemory 4 for an exhausted heap. Pointer arguments may point into this buffer's own text.
 ///
 /// Buffers that share nothing may be used by different threads at once, the null buffer included; a buffer that
 /// several threads share needs a lock of the callers' around every use.

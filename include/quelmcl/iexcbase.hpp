@@ -183,7 +183,8 @@ protected:
   virtual void exceptionLogged();
 };
 
-/// The library's own hook, in effect while no other was installed: reports go to standard error.
+/// The plain hook: reports go to standard error. It is what the registry falls back to while no other was installed,
+/// but the library installs one that traces when it is loaded (istartup.hpp).
 class QUELMCL_API IExceptTraceFn : public IException::TraceFn {
 public:
   IExceptTraceFn() noexcept {}

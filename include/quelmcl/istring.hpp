@@ -24,9 +24,8 @@
 /// **Texts** may hold NUL bytes; only what takes a NUL-terminated `const char*` stops at one. A null `const char*` is
 /// the empty text everywhere.
 ///
-/// **Failures.** IInvalidRequest 1010 when a result would be longer than 4294967274 bytes, IOutOfMemory or
-/// std::bad_alloc when the heap is exhausted. The string is then as it was before; only stream input may leave it
-/// shortened.
+/// **Failures.** IInvalidRequest 1010 when a result would be longer than 4294967274 bytes, IOutOfMemory 4
+/// when the heap is exhausted. The string is then as it was before; only stream input may leave it shortened.
 #ifndef QUELMCL_ISTRING_HPP
 #define QUELMCL_ISTRING_HPP
 

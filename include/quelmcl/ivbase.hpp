@@ -12,7 +12,9 @@ public:
   IVBase() = default;
   IVBase(const IVBase&) = default;
   IVBase& operator=(const IVBase&) = default;
-  virtual ~IVBase();
+  /// Inline, since objects of derived classes may cost less than a call, as a trace that is off does; and exported all
+  /// the same, for programs that were compiled when it was not.
+  QUELMCL_API virtual ~IVBase() {}
 
   /// The object as text; "IVBase object" unless a class overrides it.
   virtual IString asString() const;

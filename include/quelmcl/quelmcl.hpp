@@ -17,11 +17,13 @@
 #include <quelmcl/ilnseq.hpp>
 #include <quelmcl/imsgtext.hpp>
 #include <quelmcl/iplatfrm.hpp>
+#include <quelmcl/istartup.hpp>
 #include <quelmcl/istparse.hpp>
 #include <quelmcl/istrenum.hpp>
 #include <quelmcl/istring.hpp>
 #include <quelmcl/istrtest.hpp>
 #include <quelmcl/itime.hpp>
+#include <quelmcl/itrace.hpp>
 #include <quelmcl/ivbase.hpp>
 
 #endif

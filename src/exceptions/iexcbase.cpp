@@ -5,6 +5,7 @@
 #include <quelmcl/iexcbase.hpp>
 
 #include "exceptions/quietstorage.hpp"
+#include "exceptions/startup.hpp"
 #include "exceptions/throwing.hpp"
 #include "foundation/errnoguard.hpp"
 
@@ -19,6 +20,8 @@ using quelmcl::detail::copyText;
 using quelmcl::detail::joinTexts;
 using quelmcl::detail::NewHandlerPause;
 using quelmcl::detail::releaseText;
+
+QUELMCL_KEEP_START_UP
 
 const char quelmcl::detail::libraryGroup[] = "Quelm Class Library";
 

@@ -4,12 +4,15 @@
 #include <quelmcl/imsgtext.hpp>
 
 #include "exceptions/quietstorage.hpp"
+#include "exceptions/startup.hpp"
 #include "foundation/errnoguard.hpp"
 
 #include <climits>
 #include <cstdlib>
 #include <iterator>
 #include <nl_types.h>
+
+QUELMCL_KEEP_START_UP
 
 using quelmcl::detail::copyText;
 using quelmcl::detail::ErrnoGuard;

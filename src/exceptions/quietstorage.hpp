@@ -10,10 +10,17 @@ namespace quelmcl::detail {
 
 /// Suspends the process's new-handler and puts it back on every path. A handler that reports exhausted storage by an
 /// exception of this library would otherwise be entered again by the very work of reporting it.
+///
+/// Two threads may pause it at once: the second one finds none, and must not take away at its end what the first one
+/// has put back meanwhile.
 class NewHandlerPause {
 public:
   NewHandlerPause() noexcept : suspended(std::set_new_handler(nullptr)) {}
-  ~NewHandlerPause() { std::set_new_handler(suspended); }
+  ~NewHandlerPause()
+  {
+    if (suspended != nullptr)
+      std::set_new_handler(suspended);
+  }
   NewHandlerPause(const NewHandlerPause&) = delete;
   NewHandlerPause& operator=(const NewHandlerPause&) = delete;
 
@@ -30,6 +37,20 @@ inline char* obtainText(std::size_t count) noexcept
 inline void releaseText(const char* text) noexcept
 {
   delete[] text;
+}
+
+/// The three texts as one. Unlike everything else here it throws what the new-handler throws, where there is no
+/// storage.
+inline char* joinTextsOrThrow(const char* first, const char* second, const char* third)
+{
+  const std::size_t firstLength = std::strlen(first);
+  const std::size_t secondLength = std::strlen(second);
+  const std::size_t thirdSize = std::strlen(third) + 1;
+  char* const joined = new char[firstLength + secondLength + thirdSize];
+  std::memcpy(joined, first, firstLength);
+  std::memcpy(joined + firstLength, second, secondLength);
+  std::memcpy(joined + firstLength + secondLength, third, thirdSize);
+  return joined;
 }
 
 /// `first` and then `second` as one new text; null when there is no storage.

@@ -2,6 +2,10 @@
 // Tests: tests/foundation/platform_test.cpp
 #include <quelmcl/iplatfrm.hpp>
 
+#include "exceptions/startup.hpp"
+
+QUELMCL_KEEP_START_UP
+
 int IPlatform::fgWin32 = 0;
 int IPlatform::fgWinNT = 0;
 int IPlatform::fgNTNewShell = 0;

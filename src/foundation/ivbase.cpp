@@ -7,8 +7,6 @@
 
 #include <ostream>
 
-IVBase::~IVBase() = default;
-
 IString IVBase::asString() const
 {
   return "IVBase object";

@@ -56,6 +56,17 @@ REVEAL(MessageSuccess, int, IMessageText, bClSuccess);
 REVEAL(StringText, char*, IString, pBuffer);
 REVEAL(DateNumber, unsigned long, IDate, julian);
 REVEAL(TimeSeconds, long, ITime, ticks);
+REVEAL(SystemErrorTruth, int, ISystemErrorInfo, bClError);
+REVEAL(SystemErrorId, unsigned long, ISystemErrorInfo, ulClErrorId);
+REVEAL(SystemErrorText, char*, ISystemErrorInfo, pClErrorText);
+REVEAL(CLibErrorTruth, int, ICLibErrorInfo, bClError);
+REVEAL(CLibErrorNumber, unsigned long, ICLibErrorInfo, ulClErrno);
+REVEAL(CLibErrorText, char*, ICLibErrorInfo, pClErrorText);
+REVEAL(XLibErrorTruth, int, IXLibErrorInfo, bClInfoAvail);
+REVEAL(XLibErrorCode, unsigned long, IXLibErrorInfo, ulClErrorCode);
+REVEAL(XLibErrorText, char*, IXLibErrorInfo, pClErrorText);
+REVEAL(GUIErrorText, char*, IGUIErrorInfo, pClFuncNameText);
+REVEAL(TraceName, char*, ITrace, pszClTraceName);
 
 template <class Whole, class Member>
 std::size_t distance(const Whole& whole, const Member& part)
@@ -345,6 +356,44 @@ TEST(SequenceLayout, ACursorHasAVirtualTableAndAVirtualDestructor)
 {
   EXPECT_EQ(sizeof(void*), sizeof(ICursor));
   EXPECT_TRUE(std::has_virtual_destructor<ICursor>::value);
+}
+
+template <class Truth, class Number, class Text, class Kind>
+void expectTruthNumberText(const Kind& info)
+{
+  EXPECT_EQ(place(4, 8), offsetIn<Truth>(info));
+  EXPECT_EQ(place(8, 16), offsetIn<Number>(info));
+  EXPECT_EQ(place(12, 24), offsetIn<Text>(info));
+  EXPECT_EQ(place(16, 32), sizeof info);
+}
+
+TEST(ErrorInformationLayout, ThreeKindsHoldATruthANumberAndAText)
+{
+  expectTruthNumberText<SystemErrorTruth, SystemErrorId, SystemErrorText>(ISystemErrorInfo(1));
+  expectTruthNumberText<CLibErrorTruth, CLibErrorNumber, CLibErrorText>(ICLibErrorInfo());
+  expectTruthNumberText<XLibErrorTruth, XLibErrorCode, XLibErrorText>(IXLibErrorInfo());
+}
+
+TEST(ErrorInformationLayout, OneKindHoldsATextOnly)
+{
+  const IGUIErrorInfo info;
+  EXPECT_EQ(place(4, 8), offsetIn<GUIErrorText>(info));
+  EXPECT_EQ(place(8, 16), sizeof info);
+}
+
+TEST(TraceLayout, ATraceHoldsItsName)
+{
+  const ITrace trace;
+  EXPECT_EQ(place(4, 8), offsetIn<TraceName>(trace));
+  EXPECT_EQ(place(8, 16), sizeof trace);
+  EXPECT_TRUE(std::has_virtual_destructor<ITrace>::value);
+  EXPECT_TRUE(std::is_empty<ITraceSetup>::value);
+}
+
+TEST(TraceLayout, TheStartUpObjectHasNoFieldsAndAVirtualDestructorInItsLastSlot)
+{
+  EXPECT_EQ(sizeof(IException::TraceFn), sizeof(KOLTA_Init));
+  EXPECT_TRUE(std::has_virtual_destructor<KOLTA_Init>::value);
 }
 
 TEST(ResultLayout, TruthValuesAndPositionsAre32BitsWide)

@@ -26,6 +26,12 @@ PROBE_BY_DESTRUCTOR(IResourceExhausted)
 PROBE_BY_DESTRUCTOR(IOutOfMemory)
 PROBE_BY_DESTRUCTOR(IOutOfSystemResource)
 PROBE_BY_DESTRUCTOR(IOutOfWindowResource)
+PROBE_BY_DESTRUCTOR(ISystemErrorInfo)
+PROBE_BY_DESTRUCTOR(ICLibErrorInfo)
+PROBE_BY_DESTRUCTOR(IXLibErrorInfo)
+PROBE_BY_DESTRUCTOR(IGUIErrorInfo)
+PROBE_BY_DESTRUCTOR(ITrace)
+PROBE_BY_DESTRUCTOR(KOLTA_Init)
 
 // The hooks have no virtual destructor; any operation that they let others override serves as well.
 QUELMCL_NO_VIRTUAL_DESTRUCTOR_BEGIN

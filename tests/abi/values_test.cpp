@@ -40,6 +40,39 @@ TEST(EnumeratorValues, ExceptionType)
   EXPECT_EQ(7, numberOf(IBaseErrorInfo::resourceExhausted));
 }
 
+TEST(EnumeratorValues, Destination)
+{
+  EXPECT_EQ(0, numberOf(ITrace::queue));
+  EXPECT_EQ(1, numberOf(ITrace::standardError));
+  EXPECT_EQ(2, numberOf(ITrace::standardOutput));
+  EXPECT_EQ(3, numberOf(ITrace::file));
+}
+
+// A program that was compiled with this header tests the flags itself.
+template <int* flags>
+struct TraceFlags {
+  friend int traceFlags() { return *flags; }
+};
+int traceFlags();
+template struct TraceFlags<&ITrace::iClState>;
+
+TEST(ConstantValues, FlagsOfTheTrace)
+{
+  ITraceSetup::initialize();
+  ITrace::disableTrace();
+  ITrace::disableWriteLineNumber();
+  ITrace::disableWritePrefix();
+  EXPECT_EQ(0, traceFlags());
+  ITrace::enableTrace();
+  EXPECT_EQ(2, traceFlags());
+  ITrace::enableWriteLineNumber();
+  EXPECT_EQ(6, traceFlags());
+  ITrace::enableWritePrefix();
+  EXPECT_EQ(14, traceFlags());
+  ITrace::disableTrace();
+  EXPECT_EQ(12, traceFlags());
+}
+
 TEST(EnumeratorValues, CharType)
 {
   const IStringEnum::CharType types[] = {

@@ -427,7 +427,7 @@ int failEveryAllocation(const std::string& text, const Edit& edit, IBuffer& rece
       FailingAllocations scope(static_cast<unsigned long>(failedSoFar) + 1);
       try {
         result = edit.run(receiver);
-      } catch (const std::bad_alloc&) {
+      } catch (const IOutOfMemory&) {
       }
       failures = scope.failures();
     }

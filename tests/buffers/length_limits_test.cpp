@@ -160,7 +160,7 @@ TEST_F(LengthLimits, LetTheHeapDecideAboutTheLongestText)
     FailingAllocations scope(1);  // so that nobody really gives four gigabytes
     try {
       id = errorIdOf([] { IBuffer::operator delete(IBuffer::operator new(sizeof(IBuffer), longestText)); });
-    } catch (const std::bad_alloc&) {
+    } catch (const IOutOfMemory&) {
       isOutOfMemory = true;
     }
   }
@@ -262,7 +262,7 @@ TEST_P(LongestOfAll, IsAQuestionOfMemoryOnly)
     FailingAllocations scope(1);
     try {
       id = errorIdOf([&] { row.run(*buffer)->removeRef(); });
-    } catch (const std::bad_alloc&) {
+    } catch (const IOutOfMemory&) {
       isOutOfMemory = true;
     }
   }

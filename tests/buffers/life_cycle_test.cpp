@@ -230,7 +230,7 @@ TEST(NewBuffer, LeavesNothingBehindWithoutStorage)
     FailingAllocations scope(1);
     try {
       maker->newBuffer("abc", 3, nullptr, 0, nullptr, 0, 0);
-    } catch (const std::bad_alloc&) {
+    } catch (const IOutOfMemory&) {
       hasThrown = true;
     }
   }

@@ -246,7 +246,7 @@ TEST(SetDefaultBuffer, LeavesAllAsItWasWithoutStorage)
     quelmcl_test::FailingAllocations scope(1);
     try {
       IBuffer::setDefaultBuffer(replacement);
-    } catch (const std::bad_alloc&) {
+    } catch (const IOutOfMemory&) {
       hasThrown = true;
     }
   }

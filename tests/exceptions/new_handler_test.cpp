@@ -10,9 +10,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -173,6 +175,57 @@ TEST(NewHandlerDuringAReport, IsInForceAgainWhenTheHookThrowsAfterTheReport)
   IException exception("a");
   CountingNewHandler handler;
   EXPECT_THROW(exception.logExceptionData(), std::runtime_error);
+  EXPECT_TRUE(handler.isInForce());
+}
+
+/// A hook in which two threads meet: the first waits for the second to come in, and the second for the first to leave.
+QUELMCL_NO_VIRTUAL_DESTRUCTOR_BEGIN
+class MeetingHook : public IException::TraceFn {
+public:
+  void write(const char*) override
+  {
+    if (isFirst()) {
+      firstIsInside = true;
+      waitFor(secondIsInside);
+    } else {
+      secondIsInside = true;
+      waitFor(firstIsGone);
+    }
+  }
+
+  static bool& isFirst()
+  {
+    thread_local bool answer = false;
+    return answer;
+  }
+  static void waitFor(const std::atomic<bool>& condition)
+  {
+    while (!condition)
+      std::this_thread::yield();
+  }
+
+  std::atomic<bool> firstIsInside{false};
+  std::atomic<bool> secondIsInside{false};
+  std::atomic<bool> firstIsGone{false};
+};
+QUELMCL_NO_VIRTUAL_DESTRUCTOR_END
+
+TEST(NewHandlerDuringAReport, IsInForceAgainAfterTwoThreadsHaveReportedAtOnce)
+{
+  MeetingHook hook;
+  InstalledHook installed(hook);
+  CountingNewHandler handler;
+  std::thread first([&hook] {
+    MeetingHook::isFirst() = true;
+    IException("a").logExceptionData();
+    hook.firstIsGone = true;
+  });
+  std::thread second([&hook] {
+    MeetingHook::waitFor(hook.firstIsInside);
+    IException("b").logExceptionData();
+  });
+  first.join();
+  second.join();
   EXPECT_TRUE(handler.isInForce());
 }
 

@@ -1,6 +1,7 @@
 // trace_function_test.cpp - the hook: which one is in effect, what the library's own does, how one replaces another.
 #include <quelmcl/iexcbase.hpp>
 #include <quelmcl/iexcept.hpp>
+#include <quelmcl/istartup.hpp>
 
 #include "hooks.hpp"
 #include "support/captured_stderr.hpp"
@@ -129,51 +130,86 @@ TEST(LibrarysOwnTraceFunction, WritesWholeReportsToStandardError)
             "      newer\n");
 }
 
-TEST(TraceFunctionDeathTest, ReportsGoToStandardErrorWhenNobodyInstalledOne)
+// What follows is about a process in which nobody has installed a hook but the library itself, when it was loaded.
+
+void switchTraceOn()
+{
+  setenv("KOLTA_TRACE", "noprefix", 1);
+  setenv("KOLTA_TRACETO", "stderr", 1);
+}
+
+void throwAndCatch()
+{
+  try {
+    IException::assertParameter("a", IExceptionLocation("file.cpp", "work", 3));
+  } catch (const IAssertionFailure&) {
+    std::fputs("caught\n", stderr);
+  }
+}
+
+TEST(TraceFunctionDeathTest, ReportsGoNowhereWhileTheTraceIsOff)
+{
+  EXPECT_FRESH_PROCESS_WRITES("", IException("a").logExceptionData());
+}
+
+TEST(TraceFunctionDeathTest, AnExceptionReportedToNowhereIsThrownAllTheSame)
+{
+  EXPECT_FRESH_PROCESS_WRITES("caught\n", throwAndCatch());
+}
+
+TEST(TraceFunctionDeathTest, ReportsGoToTheTraceWhileItIsOn)
 {
   EXPECT_FRESH_PROCESS_WRITES(
-    "\nIException exception thrown.\n"
-    "   Location information is unavailable.\n"
-    "   Error Id is unavailable.\n"
-    "   Error Code group is Quelm Class Library\n"
-    "   Exception text is:\n"
-    "      a\n",
+    ">\n"
+    ">IException exception thrown.\n"
+    ">   Location information is unavailable.\n"
+    ">   Error Id is unavailable.\n"
+    ">   Error Code group is Quelm Class Library\n"
+    ">   Exception text is:\n"
+    ">      a\n",
+    switchTraceOn();
     IException("a").logExceptionData());
 }
 
-TEST(TraceFunctionDeathTest, ThrowFunctionsReportToStandardErrorWhenNobodyInstalledOne)
+TEST(TraceFunctionDeathTest, ThrowFunctionsReportToTheTraceWhileItIsOn)
 {
   EXPECT_FRESH_PROCESS_WRITES(
-    "IAssertionFailure exception thrown.\n"
-    "   function: work\n"
-    "   file: file.cpp\n"
-    "   line: 3\n"
-    "   Error Id is unavailable.\n"
-    "   Error Code group is Other Error Group\n"
-    "   Exception text is:\n"
-    "      a\n",
-    try {
-      IException::assertParameter("a", IExceptionLocation("file.cpp", "work", 3));
-    } catch (const IAssertionFailure&){});
+    ">IAssertionFailure exception thrown.\n"
+    ">   function: work\n"
+    ">   file: file.cpp\n"
+    ">   line: 3\n"
+    ">   Error Id is unavailable.\n"
+    ">   Error Code group is Other Error Group\n"
+    ">   Exception text is:\n"
+    ">      a\n"
+    "caught\n",
+    switchTraceOn();
+    throwAndCatch());
+}
+
+TEST(TraceFunctionDeathTest, ReportsGoToTheProgramsHookAndNotToTheTraceOnceThereIsOne)
+{
+  RecordingHook hook;
+  EXPECT_FRESH_PROCESS_WRITES("caught\n", switchTraceOn(); IException::setTraceFunction(hook); throwAndCatch());
 }
 
 void sayWhatWasInEffect(IException::TraceFn* hook)
 {
-  std::fputs(dynamic_cast<IExceptTraceFn*>(hook) != nullptr ? "the library's own" : "some other", stderr);
+  std::fputs(dynamic_cast<KOLTA_Init*>(hook) != nullptr ? "the one that traces" : "some other", stderr);
 }
 
-TEST(TraceFunctionDeathTest, InstallingTheFirstReturnsTheLibrarysOwn)
+TEST(TraceFunctionDeathTest, InstallingTheFirstReturnsTheOneThatTraces)
 {
   RecordingHook hook;
-  EXPECT_FRESH_PROCESS_WRITES("the library's own", sayWhatWasInEffect(IException::setTraceFunction(hook)));
+  EXPECT_FRESH_PROCESS_WRITES("the one that traces", sayWhatWasInEffect(IException::setTraceFunction(hook)));
 }
 
-TEST(TraceFunctionDeathTest, InEffectAtFirstIsTheLibrarysOwn)
+TEST(TraceFunctionDeathTest, InEffectAtFirstIsTheOneThatTraces)
 {
-  EXPECT_FRESH_PROCESS_WRITES("the library's own", sayWhatWasInEffect(IExceptStaticPtr::traceFunction()));
+  EXPECT_FRESH_PROCESS_WRITES("the one that traces", sayWhatWasInEffect(IExceptStaticPtr::traceFunction()));
 }
 
-TEST(TraceFunctionDeathTest, TheLibrarysOwnIsAlwaysTheSame)
+TEST(TraceFunctionDeathTest, TheOneThatTracesIsAlwaysTheSame)
 {
   RecordingHook hook;
   EXPECT_FRESH_PROCESS_WRITES(
@@ -182,12 +218,12 @@ TEST(TraceFunctionDeathTest, TheLibrarysOwnIsAlwaysTheSame)
     std::fputs(before == replaced && IExceptStaticPtr::traceFunction() == &hook ? "the same" : "different", stderr));
 }
 
-TEST(TraceFunctionDeathTest, TheLibrarysOwnCanBeInstalledAgain)
+TEST(TraceFunctionDeathTest, TheOneThatTracesCanBeInstalledAgain)
 {
   RecordingHook hook;
-  EXPECT_FRESH_PROCESS_WRITES("line\n", IException::TraceFn* const own = IException::setTraceFunction(hook);
-                              hook.write("not this one"); IException::setTraceFunction(*own);
-                              IExceptStaticPtr::traceFunction()->write("line"));
+  EXPECT_FRESH_PROCESS_WRITES(
+    ">line\n", switchTraceOn(); IException::TraceFn* const own = IException::setTraceFunction(hook);
+    hook.write("not this one"); IException::setTraceFunction(*own); IExceptStaticPtr::traceFunction()->write("line"));
 }
 
 }  // namespace

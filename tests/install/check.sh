@@ -51,10 +51,12 @@ configure() { # BUILD SOURCE FLAGS [OPTION...]
     "-DCMAKE_CXX_FLAGS=$with" "$@"
 }
 
-# The program prints a text, its length, the library's version, and an error's id with the message from the catalog.
+# The program prints a text, its length, the library's version, and the ids of two errors with their messages from the catalog. The
+# second is one only if the library's start-up object is there, which a static link must not have lost.
 expected_output='HELLO 5
 version 310.2
-1011: A character was asked for at a position outside of the text.'
+1011: A character was asked for at a position outside of the text.
+4: The memory is exhausted: there is no room for what was to be stored.'
 
 must_print_the_expected() { # PROGRAM NLSPATH
   local output

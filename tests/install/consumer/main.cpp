@@ -1,7 +1,9 @@
-// A program of somebody else: a text, the library's version, and an error with its message from the catalog.
+// A program of somebody else: a text, the library's version, an error with its message from the catalog, and an exhausted heap.
 #include <quelmcl/quelmcl.hpp>
 
+#include <cstddef>
 #include <iostream>
+#include <new>
 
 int main()
 {
@@ -16,6 +18,13 @@ int main()
     const IString c("abc");
     std::cout << c[4] << '\n';
   } catch (const IInvalidRequest& e) {
+    std::cout << e.errorId() << ": " << e.text(0) << '\n';
+  }
+
+  try {
+    volatile std::size_t tooMuch = static_cast<std::size_t>(-1) / 2 + 1;
+    ::operator delete(::operator new(tooMuch));
+  } catch (const IOutOfMemory& e) {
     std::cout << e.errorId() << ": " << e.text(0) << '\n';
   }
 }

@@ -1,0 +1,89 @@
+#!/bin/bash
+# balance_test.sh PROGRAM SOURCE PAGE CASE - runs one case against the program, or compares it with the page that shows what it
+# prints. Status 0: passed, 1: failed.
+set -u
+export LC_ALL=C
+
+program=$1
+source=$2
+page=$3
+case=$4
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+failures=0
+
+fail() {
+  failures=$((failures + 1))
+  printf 'FAILED: %s\n' "$*"
+}
+
+printf 'rent 500\nbread 12\n' >"$work/list"
+printf 'rent 500\nbread twelve\n' >"$work/wrong"
+
+# Runs the program with a list and a setting of the trace. The number of the process becomes that of the page, and the source file,
+# which is named as the compiler was given it, loses what depends on the build.
+run() { # LIST SETTING
+  env "$2" "$program" "$work/$1" >"$work/out" 2>"$work/err"
+  status=$?
+  sed -i -e 's/^\([0-9]\{8\}\) [0-9]\{6,\}:/\1 004711:/' -e 's|file: .*examples/balance|file: examples/balance|' "$work/out"
+}
+
+# The block of the page below a comment.
+block() { # COMMENT
+  awk -v comment="<!-- $1 -->" '$0 == comment { found = 1; next } found && /^```/ { if (inside) exit; inside = 1; next } inside' "$page"
+}
+
+expect_block() { # COMMENT FILE
+  block "$1" >"$work/block"
+  [ -s "$work/block" ] || fail "the page has no block \"$1\""
+  diff -u --label "the page: $1" "$work/block" --label "the program" "$2" || fail "the page shows something else"
+}
+
+page_shows_what_is_printed() {
+  run list KOLTA_TRACE=on
+  [ "$status" -eq 0 ] || fail "the status is $status"
+  expect_block 'printed: balance list, KOLTA_TRACE=on' "$work/out"
+  run wrong KOLTA_TRACE=noprefix
+  [ "$status" -eq 1 ] || fail "the status is $status"
+  expect_block 'printed: balance wrong, KOLTA_TRACE=noprefix' "$work/out"
+  expect_block 'said: balance wrong, KOLTA_TRACE=noprefix' "$work/err"
+}
+
+# Every piece of the source that the page shows stands in the source, line for line.
+page_shows_the_source() {
+  local shown
+  shown=$(awk -v source="$source" '
+    function look() { if (piece != "") { ++count; if (!index(whole, "\n" piece)) { print "not in the source:\n" piece; bad = 1 } } piece = "" }
+    BEGIN { whole = "\n"; while ((getline line <source) > 0) whole = whole line "\n" }
+    /^<!-- from examples\/balance\/main.cpp -->$/ { next_is = 1; next }
+    next_is && /^```cpp$/ { inside = 1; next_is = 0; next }
+    inside && /^```$/ { inside = 0; look(); next }
+    inside { piece = piece $0 "\n" }
+    END { if (bad) exit 1; print count }' "$page") || { fail "$shown"; return; }
+  [ "$shown" -eq 3 ] || fail "the page shows $shown pieces, not 3"
+}
+
+no_trace_unless_it_is_wanted() {
+  run list NOTHING=on
+  [ "$(cat "$work/out")" = 512 ] || fail "standard output is $(cat "$work/out")"
+  [ ! -s "$work/err" ] || fail "something on standard error"
+}
+
+failures_are_told() {
+  run wrong NOTHING=on
+  [ "$status" -eq 1 ] || fail "the status is $status"
+  [ ! -s "$work/out" ] || fail "something on standard output"
+  printf 'balance: in the line: bread twelve\n  because: an amount has digits only\n' | diff - "$work/err" || fail "standard error"
+  run none NOTHING=on
+  [ "$status" -eq 1 ] || fail "the status is $status"
+  echo 'balance: open:No such file or directory' | diff - "$work/err" || fail "standard error"
+  "$program" 2>"$work/err" && fail "the status is 0"
+  echo 'usage: balance FILE' | diff - "$work/err" || fail "standard error"
+}
+
+if [ "$(type -t "$case")" != function ]; then
+  echo "there is no case '$case'"
+  exit 1
+fi
+"$case"
+[ "$failures" -eq 0 ]
