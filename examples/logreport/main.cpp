@@ -1,7 +1,7 @@
 // logreport - what happened to the packages of a Debian machine: reads the package log and prints a report of one page.
 // Tests: tests/examples/logreport_test.sh
 //
-// Strings from front to back: a line of the log is taken apart by its words, the parts are the keys of ordinary maps,
+// Strings from front to back: a line of the log is taken apart by a template, the parts are the keys of ordinary maps,
 // the tables are linked sequences of rows, sorted in place, and the columns of the report are justified texts. Dates
 // count the days. Failures travel as the library's exceptions and end as one sentence each.
 //
@@ -91,9 +91,8 @@ const LineForm& lineFormOf(const IString& action)
 Entry entryFrom(const IString& line)
 {
   Entry entry;
-  entry.date = line.word(1);
-  entry.time = line.word(2);
-  entry.action = line.word(3);
+  IString parts, package, nothing;
+  line >> entry.date >> entry.time >> entry.action >> parts;
   if (!isMoment(entry.date + ' ' + entry.time))
     throw IInvalidParameter("no date and time in front");
 
@@ -108,12 +107,13 @@ Entry entryFrom(const IString& line)
   if (!line.words(form.packageWord).isPrintable())
     throw IInvalidParameter("unprintable bytes");
 
-  const IString package = line.word(form.packageWord);
-  const unsigned colon = package.indexOf(':');
-  entry.package = colon == 0 ? package : package.subString(1, colon - 1);
-  entry.architecture = colon == 0 ? "-" : package.subString(colon + 1);
-  entry.installedVersion = line.word(form.packageWord + 1).change("<none>", "");
-  entry.availableVersion = line.word(form.packageWord + 2).change("<none>", "");
+  parts >> IStringParser::SkipWords(form.packageWord - 4) >> package >> entry.installedVersion >>
+    entry.availableVersion >> nothing;
+  package >> entry.package >> ':' >> entry.architecture;
+  if (package.indexOf(':') == 0)
+    entry.architecture = "-";
+  entry.installedVersion.change("<none>", "");
+  entry.availableVersion.change("<none>", "");
   return entry;
 }
 
