@@ -19,7 +19,7 @@
 /// **Cost.** A statement costs one test of a flag while tracing is off; the very first one of a process reads the
 /// environment instead. **Failures.** None: a line that cannot be written, for whatever reason, is left out. errno and
 /// the program's new-handler stay as they were. **Threads.** Lines of several threads share one indentation and may
-/// get the same number; a line stays whole.
+/// get the same number; short lines stay whole.
 #ifndef QUELMCL_ITRACE_HPP
 #define QUELMCL_ITRACE_HPP
 

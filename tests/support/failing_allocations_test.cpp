@@ -110,7 +110,14 @@ TEST(AllocationWatch, SeesTheBlocksOfTheLibrary)
   EXPECT_EQ(watch.liveBlocks(), 0);
 }
 
-TEST(FailingAllocationsScope, FailsTheNthAllocationAndAllLaterOnes)
+/// What the language itself does about a failed allocation: the library's new-handler, which throws an exception of its own and needs
+/// storage for it, is out of the way.
+class FailingAllocationsScope : public testing::Test {
+private:
+  const NewHandlerScope noHandler{nullptr};
+};
+
+TEST_F(FailingAllocationsScope, FailsTheNthAllocationAndAllLaterOnes)
 {
   bool failed[4];
   unsigned long attempts = 0;
@@ -131,7 +138,7 @@ TEST(FailingAllocationsScope, FailsTheNthAllocationAndAllLaterOnes)
   EXPECT_EQ(failures, 2u);
 }
 
-TEST(FailingAllocationsScope, FailsOnlyTheNthAllocationWhenAskedTo)
+TEST_F(FailingAllocationsScope, FailsOnlyTheNthAllocationWhenAskedTo)
 {
   bool failed[3];
   {
@@ -145,7 +152,7 @@ TEST(FailingAllocationsScope, FailsOnlyTheNthAllocationWhenAskedTo)
   EXPECT_FALSE(failed[2]);
 }
 
-TEST(FailingAllocationsScope, NeverOnlyCounts)
+TEST_F(FailingAllocationsScope, NeverOnlyCounts)
 {
   bool failed = true;
   unsigned long attempts = 0;
@@ -159,7 +166,7 @@ TEST(FailingAllocationsScope, NeverOnlyCounts)
   EXPECT_EQ(attempts, 2u);
 }
 
-TEST(FailingAllocationsScope, EndsWithItsBlock)
+TEST_F(FailingAllocationsScope, EndsWithItsBlock)
 {
   {
     FailingAllocations scope(1);
@@ -167,7 +174,7 @@ TEST(FailingAllocationsScope, EndsWithItsBlock)
   EXPECT_FALSE(throwingFormFails());
 }
 
-TEST(FailingAllocationsScope, GivesWayToAnInnerScopeAndComesBack)
+TEST_F(FailingAllocationsScope, GivesWayToAnInnerScopeAndComesBack)
 {
   bool inner = true;
   bool outer = false;
@@ -184,7 +191,7 @@ TEST(FailingAllocationsScope, GivesWayToAnInnerScopeAndComesBack)
   EXPECT_TRUE(outer);
 }
 
-TEST(FailingAllocationsScope, LeavesOtherThreadsAlone)
+TEST_F(FailingAllocationsScope, LeavesOtherThreadsAlone)
 {
   bool failedHere = false;
   bool failedThere = true;
@@ -204,7 +211,7 @@ TEST(FailingAllocationsScope, LeavesOtherThreadsAlone)
   EXPECT_FALSE(failedThere);
 }
 
-TEST(FailingAllocationsScope, ReachesTheLibrary)
+TEST_F(FailingAllocationsScope, ReachesTheLibrary)
 {
   unsigned long failures = 0;
   {
@@ -215,7 +222,7 @@ TEST(FailingAllocationsScope, ReachesTheLibrary)
   EXPECT_GT(failures, 0u);
 }
 
-TEST(FailingAllocationsScope, BothFormsCallTheNewHandler)
+TEST_F(FailingAllocationsScope, BothFormsCallTheNewHandler)
 {
   NewHandlerScope handler(countAndGiveUp);
   bool failed = false;
@@ -228,7 +235,7 @@ TEST(FailingAllocationsScope, BothFormsCallTheNewHandler)
   EXPECT_EQ(handlerCalls, 2);
 }
 
-TEST(FailingAllocationsScope, TriesAgainAfterAHandlerThatReturns)
+TEST_F(FailingAllocationsScope, TriesAgainAfterAHandlerThatReturns)
 {
   NewHandlerScope handler(countAndUninstall);
   bool failed = true;
