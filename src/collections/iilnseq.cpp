@@ -2,6 +2,10 @@
 // Tests: tests/collections/engine_test.cpp, engine_sort_test.cpp, random_operations_test.cpp
 #include <quelmcl/iilnseq.hpp>
 
+#include "exceptions/startup.hpp"
+
+QUELMCL_KEEP_START_UP
+
 namespace {
 
 using Node = ILinkedSequenceImplNode;

@@ -764,7 +764,7 @@ void expectUnchangedWhenStorageFails(Operation operation)
         FailingAllocations scope(nth);
         try {
           operation(names);
-        } catch (const std::bad_alloc&) {
+        } catch (const IOutOfMemory&) {
           failed = true;
         }
       }
