@@ -110,7 +110,7 @@ struct Roots {
 struct TransformSteps {
   const char* name;
   /// From how many words of the shorter factor on a product by transforms is faster than one by halves: with limbs of 32
-  /// bits, and of 64. Measured with bench/radix.cpp, see docs/radix.md.
+  /// bits, and of 64. Measured, see docs/radix.md.
   std::size_t worthFromWords[2];
   /// The words modulo the prime, and zeros behind them.
   void (*reduce)(const std::uint32_t* words, std::size_t count, std::uint32_t* residues, std::size_t length,
