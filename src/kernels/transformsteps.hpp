@@ -54,7 +54,8 @@ struct Prime {
   constexpr std::uint32_t times(std::uint32_t x, const Factor& factor) const
   {
     const std::uint32_t high = static_cast<std::uint32_t>(std::uint64_t{x} * factor.value >> 32);
-    const std::uint32_t back = static_cast<std::uint32_t>(std::uint64_t{x * factor.companion} * p >> 32);
+    const std::uint32_t quotient = x * factor.companion;
+    const std::uint32_t back = static_cast<std::uint32_t>(std::uint64_t{quotient} * p >> 32);
     return high >= back ? high - back : high - back + p;
   }
   constexpr std::uint32_t power(std::uint32_t base, std::uint32_t exponent) const
