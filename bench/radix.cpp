@@ -58,10 +58,9 @@ std::string binaryDigits(std::size_t size)
 
 std::string binaryByBits(const std::string& bytes)
 {
-  std::string digits(8 * bytes.size(), '0');
+  std::string digits(8 * bytes.size(), '\0');
   for (std::size_t i = 0; i < digits.size(); ++i)
-    if ((bytes[i / 8] << (i % 8) & 0x80) != 0)
-      digits[i] = '1';
+    digits[i] = static_cast<char>('0' + (bytes[i / 8] >> (7 - i % 8) & 1));
   return digits;
 }
 

@@ -458,7 +458,7 @@ public:
   /// A number of any length, without a sign, in four forms: `c` bytes, the most significant one first; `b` binary, `d`
   /// decimal and `x` hexadecimal digits. An empty text stays empty, and a text that is not all digits of its form
   /// becomes empty. Cost: linear for bytes, binary and hexadecimal digits; for decimal digits a little more than that,
-  /// and up to 100 times the text in working storage.
+  /// and, when there are many, working storage of about 30 times the number's bytes.
   /// @{
 
   /// The bytes as binary digits, eight a byte. Throws IInvalidRequest 1010 from 536870911 bytes on.

@@ -71,7 +71,7 @@ Transformer::Transformer(std::size_t longest) : Transformer(longest, bestSteps()
 
 Transformer::Transformer(std::size_t longest, const TransformSteps& chosen)
   : steps(&chosen),
-    splitCount(std::max(std::bit_floor(longest / blockWords) / 2, std::size_t{1})),
+    splitCount(std::max(std::bit_floor(std::min(longest, longestSpectrum) / blockWords) / 2, std::size_t{1})),
     splits(std::make_unique<Factor[]>(primeCount * splitCount))
 {
   for (unsigned i = 0; i < primeCount; ++i) {

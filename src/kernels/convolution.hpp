@@ -21,7 +21,7 @@ namespace quelmcl::detail {
 
 /// The shorter factor of a product may have this many words: with more, a coefficient would outgrow the three primes.
 constexpr std::size_t longestFactorInWords = std::size_t{1} << 25;
-/// The longest transform.
+/// The longest transform, in words.
 constexpr std::size_t longestSpectrum = std::size_t{3} << 25;
 
 /// The shortest length of a transform of at least that many words: eight times a power of two, or three times that.

@@ -17,7 +17,8 @@ namespace quelmcl::detail {
 std::size_t digitRoom(std::size_t byteCount) noexcept;
 
 /// Writes the number as `room` digits, with zeros in front; `room` is digitRoom(byteCount). The bytes begin with the most
-/// significant one. Asks for about 60 times as much storage as there are bytes when they are many (std::bad_alloc).
+/// significant one. When they are many, about 30 times as much storage as there are
+/// bytes is asked for (std::bad_alloc).
 void bytesToDigits(const unsigned char* bytes, std::size_t byteCount, char* digits, std::size_t room);
 
 /// Enough bytes for leading * 10^digitCount + any number of that many digits.
@@ -28,15 +29,17 @@ std::size_t byteRoom(std::size_t digitCount) noexcept;
 void digitsToBytes(std::uint32_t leading, const char* digits, std::size_t digitCount, unsigned char* bytes,
                    std::size_t room);
 
-/// From how many limbs, or digits, on numbers are halved, and in which way. For every width of limbs its own; measured, see
-/// docs/radix.md. Tests give other ones, so that every method is tried on short numbers and compared with the others.
+/// From how many limbs, or digits, on numbers are halved, and in which way. Tests give other ones than the usual ones, so that
+/// every method is tried on short numbers and compared with the others.
 struct DecimalLimits {
   std::size_t dividedFrom;    ///< limbs of a number that is divided by a power of ten rather than by a word's one
   std::size_t fractionsFrom;  ///< limbs of a number that is made a fraction first
   std::size_t fractionLeaf;   ///< limbs of a fraction whose digits are taken a word's at a time
   std::size_t joinedFrom;     ///< digits that are taken as two numbers
 };
-extern const DecimalLimits usualLimits;
+/// Measured for both widths of limbs, see docs/radix.md. Where the processor is slow at transforms, fractions are for longer
+/// numbers.
+DecimalLimits usualLimits() noexcept;
 
 void bytesToDigits(const unsigned char* bytes, std::size_t byteCount, char* digits, std::size_t room,
                    const DecimalLimits& limits);

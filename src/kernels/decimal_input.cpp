@@ -94,7 +94,7 @@ private:
   {
     const Limbs& power = (*fives)[level];
     const std::size_t length = number.size() + power.size();
-    if (!spectra || std::min(number.size(), power.size()) < transformsFrom()) {
+    if (!spectra || !isForTransforms(std::min(number.size(), power.size()), length * wordsPerLimb)) {
       number = productOf(number, power);
       return;
     }
@@ -128,7 +128,7 @@ std::size_t byteRoom(std::size_t digitCount) noexcept
 void digitsToBytes(std::uint32_t leading, const char* digits, std::size_t digitCount, unsigned char* bytes,
                    std::size_t room)
 {
-  digitsToBytes(leading, digits, digitCount, bytes, room, usualLimits);
+  digitsToBytes(leading, digits, digitCount, bytes, room, usualLimits());
 }
 
 void digitsToBytes(std::uint32_t leading, const char* digits, std::size_t digitCount, unsigned char* bytes,

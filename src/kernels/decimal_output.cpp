@@ -237,7 +237,7 @@ private:
     const std::size_t wanted = point - rest.size();  // from there on
     const std::size_t enough = std::max(length, length + power.size() - wanted + 1);
     Limbs product;
-    if (power.size() < transformsFrom()) {
+    if (!isForTransforms(power.size(), enough * wordsPerLimb)) {
       product.resize(length + power.size());
       multiplyLimbs(product.data(), fraction, length, power.data(), power.size());
     } else
@@ -319,11 +319,15 @@ std::size_t digitRoom(std::size_t byteCount) noexcept
   return (digits + 63) / 64 * 64;
 }
 
-const DecimalLimits usualLimits = limbBits == 64 ? DecimalLimits{30, 400, 100, 1000} : DecimalLimits{30, 400, 100, 500};
+DecimalLimits usualLimits() noexcept
+{
+  const std::size_t fractionsFrom = std::max<std::size_t>(limbBits == 64 ? 2500 : 1100, 4 * transformsFrom());
+  return {30, fractionsFrom, 150, limbBits == 64 ? 1500u : 600u};
+}
 
 void bytesToDigits(const unsigned char* bytes, std::size_t byteCount, char* digits, std::size_t room)
 {
-  bytesToDigits(bytes, byteCount, digits, room, usualLimits);
+  bytesToDigits(bytes, byteCount, digits, room, usualLimits());
 }
 
 void bytesToDigits(const unsigned char* bytes, std::size_t byteCount, char* digits, std::size_t room,

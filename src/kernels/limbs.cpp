@@ -74,6 +74,7 @@ Limb subtractBorrow(Limb* number, std::size_t length, Limb borrow) noexcept
 
 Limb multiplyByLimb(Limb* product, const Limb* number, std::size_t length, Limb factor, Limb carry) noexcept
 {
+#pragma GCC unroll 4
   for (std::size_t i = 0; i < length; ++i) {
     const DoubleLimb total = DoubleLimb{number[i]} * factor + carry;
     product[i] = lowOf(total);
@@ -85,6 +86,7 @@ Limb multiplyByLimb(Limb* product, const Limb* number, std::size_t length, Limb 
 Limb addProduct(Limb* sum, const Limb* number, std::size_t length, Limb factor) noexcept
 {
   Limb carry = 0;
+#pragma GCC unroll 4
   for (std::size_t i = 0; i < length; ++i) {
     const DoubleLimb total = DoubleLimb{number[i]} * factor + sum[i] + carry;
     sum[i] = lowOf(total);
@@ -96,6 +98,7 @@ Limb addProduct(Limb* sum, const Limb* number, std::size_t length, Limb factor) 
 Limb subtractProduct(Limb* difference, const Limb* number, std::size_t length, Limb factor) noexcept
 {
   Limb borrow = 0;
+#pragma GCC unroll 4
   for (std::size_t i = 0; i < length; ++i) {
     const DoubleLimb product = DoubleLimb{number[i]} * factor + borrow;
     borrow = highOf(product) + (difference[i] < lowOf(product));
@@ -183,14 +186,13 @@ std::size_t transformsFrom() noexcept
   return bestSteps().worthFromWords[limbBits == 64] / wordsPerLimb;
 }
 
-namespace {
-
-/// Whether the product is worth the transforms, and within their reach.
-bool isForTransforms(std::size_t aLength, std::size_t bLength)
+bool isForTransforms(std::size_t shorterFactor, std::size_t words) noexcept
 {
-  return bLength >= transformsFrom() && bLength * wordsPerLimb <= longestFactorInWords &&
-         (aLength + bLength) * wordsPerLimb <= longestSpectrum;
+  return shorterFactor >= transformsFrom() && shorterFactor * wordsPerLimb <= longestFactorInWords &&
+         words <= longestSpectrum;
 }
+
+namespace {
 
 void multiplyByTransforms(Limb* product, const Limb* a, std::size_t aLength, const Limb* b, std::size_t bLength)
 {
@@ -208,7 +210,7 @@ void multiplyEqual(Limb* product, const Limb* a, const Limb* b, std::size_t leng
 {
   if (length < halvesFrom)
     return multiplyDigitByDigit(product, a, length, b, length);
-  if (isForTransforms(length, length))
+  if (isForTransforms(length, 2 * length * wordsPerLimb))
     return multiplyByTransforms(product, a, length, b, length);
   multiplyByHalves(product, a, b, length);
 }
@@ -230,7 +232,7 @@ void multiplyLimbs(Limb* product, const Limb* a, std::size_t aLength, const Limb
     return multiplyEqual(product, a, b, aLength);
   if (bLength < halvesFrom)
     return multiplyDigitByDigit(product, a, aLength, b, bLength);
-  if (isForTransforms(aLength, bLength) && aLength < 4 * bLength)
+  if (isForTransforms(bLength, (aLength + bLength) * wordsPerLimb) && aLength < 4 * bLength)
     return multiplyByTransforms(product, a, aLength, b, bLength);
 
   const auto piece = std::make_unique_for_overwrite<Limb[]>(2 * bLength);

@@ -49,8 +49,8 @@ Limb shiftUp(Limb* shifted, const Limb* number, std::size_t length, unsigned bit
 void shiftDown(Limb* shifted, const Limb* number, std::size_t length, unsigned bits) noexcept;
 
 /// product := a * b, of both lengths together. Neither length is 0; the product overlaps nothing. Short numbers are
-/// multiplied digit by digit, longer ones by halves, very long ones by transforms, for which up to 60 times the storage of
-/// the product's words is asked for (std::bad_alloc).
+/// multiplied digit by digit, longer ones by halves, very long ones by transforms, which take
+/// about ten times the storage of the product (std::bad_alloc).
 void multiplyLimbs(Limb* product, const Limb* a, std::size_t aLength, const Limb* b, std::size_t bLength);
 
 /// The same by one method alone: for the shortest numbers, and for tests.
@@ -65,10 +65,12 @@ void multiplyByHalves(Limb* product, const Limb* a, const Limb* b, std::size_t l
 void divideLimbs(Limb* quotient, Limb* dividend, std::size_t length, const Limb* divisor,
                  std::size_t divisorLength) noexcept;
 
-// From how many limbs of the shorter factor on the faster method wins; measured with bench/radix.cpp, see docs/radix.md.
+// From how many limbs of the shorter factor on the faster method wins; measured, see docs/radix.md.
 constexpr std::size_t halvesFrom = 40;
 /// This one depends on what the processor can do.
 std::size_t transformsFrom() noexcept;
+/// Whether a product, of which `words` 32-bit words are wanted, is worth transforms and within their reach.
+bool isForTransforms(std::size_t shorterFactor, std::size_t words) noexcept;
 
 }  // namespace quelmcl::detail
 

@@ -59,7 +59,8 @@ private:
 /// same power.
 class PowerSpectra {
 public:
-  /// `longest` is the length of the longest transform that will be asked for, in words.
+  /// `longest` is the length of the longest transform that will be asked for, in words; what is beyond the reach of transforms
+  /// does not count.
   PowerSpectra(const PowersOfFive& fives, std::size_t longest) : powers(fives), transformer(longest), kept(32) {}
 
   /// product := number * 5^k modulo 2^(32 words) - 1; it gets that many words, rounded up to a length of transforms.

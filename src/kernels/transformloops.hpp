@@ -1,6 +1,7 @@
 // transformloops.hpp - the loops of transformsteps.hpp over an including file's own registers. It defines, in the
 // unnamed namespace: Register, `lanes` (words in one), load, store, everywhere, add, subtract, wrap (x, or x - m where x is
-// at least m), product (below twice the prime) and blockProduct. No include guard: one inclusion for each file.
+// at least m), product (below twice the prime) and blockProduct. No include guard: one inclusion for each file. Its functions are
+// inline only because tools take it for an ordinary header.
 
 using quelmcl::detail::blockWords;
 using quelmcl::detail::Factor;
@@ -15,13 +16,13 @@ struct WideFactor {
   }
 };
 
-Register times(Register x, const WideFactor& factor, Register p)
+inline Register times(Register x, const WideFactor& factor, Register p)
 {
   return product(x, factor.value, factor.companion, p);
 }
 
-void reduce(const std::uint32_t* words, std::size_t count, std::uint32_t* residues, std::size_t length,
-            const Prime& prime) noexcept
+inline void reduce(const std::uint32_t* words, std::size_t count, std::uint32_t* residues, std::size_t length,
+                   const Prime& prime) noexcept
 {
   const Register p = everywhere(prime.p);
   const WideFactor one(prime.one);
@@ -34,7 +35,7 @@ void reduce(const std::uint32_t* words, std::size_t count, std::uint32_t* residu
 }
 
 // Each block of polynomials modulo X^2m - z^2 becomes two, modulo X^m - z and X^m + z.
-void split(std::uint32_t* low, std::size_t words, const WideFactor& z, Register p, Register twoP)
+inline void split(std::uint32_t* low, std::size_t words, const WideFactor& z, Register p, Register twoP)
 {
   std::uint32_t* const high = low + words;
   for (std::size_t i = 0; i < words; i += lanes) {
@@ -45,7 +46,7 @@ void split(std::uint32_t* low, std::size_t words, const WideFactor& z, Register 
   }
 }
 
-void splitAll(std::uint32_t* residues, const Roots& roots)
+inline void splitAll(std::uint32_t* residues, const Roots& roots)
 {
   const Register p = everywhere(roots.prime->p), twoP = everywhere(2 * roots.prime->p);
   std::size_t half = roots.blocks / 2 * blockWords;
@@ -55,7 +56,7 @@ void splitAll(std::uint32_t* residues, const Roots& roots)
 }
 
 // The way back, but for a factor of two: the reciprocal of z is -1 times the root at the mirrored place of the table.
-void join(std::uint32_t* low, std::size_t words, const WideFactor& minusReciprocal, Register p, Register twoP)
+inline void join(std::uint32_t* low, std::size_t words, const WideFactor& minusReciprocal, Register p, Register twoP)
 {
   std::uint32_t* const high = low + words;
   for (std::size_t i = 0; i < words; i += lanes) {
@@ -65,7 +66,7 @@ void join(std::uint32_t* low, std::size_t words, const WideFactor& minusReciproc
   }
 }
 
-void joinAll(std::uint32_t* residues, const Roots& roots)
+inline void joinAll(std::uint32_t* residues, const Roots& roots)
 {
   const Register p = everywhere(roots.prime->p), twoP = everywhere(2 * roots.prime->p);
   std::size_t half = blockWords;
@@ -79,7 +80,7 @@ void joinAll(std::uint32_t* residues, const Roots& roots)
 }
 
 /// Multiplies the blocks by 1, f, f^2, ... and leaves numbers below twice the prime.
-void twist(std::uint32_t* residues, std::size_t words, const Factor& factor, const Prime& prime)
+inline void twist(std::uint32_t* residues, std::size_t words, const Factor& factor, const Prime& prime)
 {
   const Register p = everywhere(prime.p);
   Factor power = prime.one;
@@ -94,7 +95,7 @@ void twist(std::uint32_t* residues, std::size_t words, const Factor& factor, con
 
 // X^3m - 1 is the product of X^m - 1, X^m - w and X^m - w^2, where w is a third root of unity. Going over from X to t X,
 // where t^m is w or w^2, makes X^m - 1 of the other two as well.
-void splitInThree(std::uint32_t* residues, const Roots& roots)
+inline void splitInThree(std::uint32_t* residues, const Roots& roots)
 {
   const Register p = everywhere(roots.prime->p), twoP = everywhere(2 * roots.prime->p);
   const WideFactor third(roots.prime->third), thirdSquared(roots.prime->thirdSquared);
@@ -111,7 +112,7 @@ void splitInThree(std::uint32_t* residues, const Roots& roots)
   twist(residues + 2 * words, words, roots.factors->twistSquared, *roots.prime);
 }
 
-void joinThree(std::uint32_t* residues, const Roots& roots)
+inline void joinThree(std::uint32_t* residues, const Roots& roots)
 {
   const Register p = everywhere(roots.prime->p), twoP = everywhere(2 * roots.prime->p);
   const WideFactor third(roots.prime->third), thirdSquared(roots.prime->thirdSquared);
@@ -128,12 +129,12 @@ void joinThree(std::uint32_t* residues, const Roots& roots)
   }
 }
 
-std::size_t lengthOf(const Roots& roots)
+inline std::size_t lengthOf(const Roots& roots)
 {
   return roots.blocks * blockWords * (roots.hasThreeParts ? 3 : 1);
 }
 
-void forward(std::uint32_t* residues, const Roots& roots) noexcept
+inline void forward(std::uint32_t* residues, const Roots& roots) noexcept
 {
   if (roots.hasThreeParts)
     splitInThree(residues, roots);
@@ -142,7 +143,7 @@ void forward(std::uint32_t* residues, const Roots& roots) noexcept
     splitAll(residues + start, roots);
 }
 
-void back(std::uint32_t* residues, const Roots& roots) noexcept
+inline void back(std::uint32_t* residues, const Roots& roots) noexcept
 {
   const std::size_t length = lengthOf(roots), part = roots.blocks * blockWords;
   for (std::size_t start = 0; start < length; start += part)
@@ -156,7 +157,7 @@ void back(std::uint32_t* residues, const Roots& roots) noexcept
 }
 
 /// The points of a part are at t * c, where block 2b has c = z(b) and block 2b + 1 has c = -z(b).
-void multiplyPart(std::uint32_t* a, const std::uint32_t* b, const Factor& t, const Roots& roots)
+inline void multiplyPart(std::uint32_t* a, const std::uint32_t* b, const Factor& t, const Roots& roots)
 {
   const Prime& prime = *roots.prime;
   if (roots.blocks == 1)
@@ -170,7 +171,7 @@ void multiplyPart(std::uint32_t* a, const std::uint32_t* b, const Factor& t, con
   }
 }
 
-void multiply(std::uint32_t* a, const std::uint32_t* b, const Roots& roots) noexcept
+inline void multiply(std::uint32_t* a, const std::uint32_t* b, const Roots& roots) noexcept
 {
   const std::size_t part = roots.blocks * blockWords;
   multiplyPart(a, b, roots.prime->one, roots);
@@ -181,7 +182,8 @@ void multiply(std::uint32_t* a, const std::uint32_t* b, const Roots& roots) noex
 }
 
 // Garner's method: each digit is what is still missing, times the reciprocal of the primes already done.
-void combine(const std::uint32_t* first, std::uint32_t* second, std::uint32_t* third, std::size_t length) noexcept
+inline void combine(const std::uint32_t* first, std::uint32_t* second, std::uint32_t* third,
+                    std::size_t length) noexcept
 {
   const Register p1 = everywhere(primes[1].p), twoP1 = everywhere(2 * primes[1].p);
   const Register p2 = everywhere(primes[2].p), twoP2 = everywhere(2 * primes[2].p);

@@ -54,7 +54,8 @@ struct Prime {
   constexpr std::uint32_t times(std::uint32_t x, const Factor& factor) const
   {
     const std::uint32_t high = static_cast<std::uint32_t>(std::uint64_t{x} * factor.value >> 32);
-    const std::uint32_t back = static_cast<std::uint32_t>(std::uint64_t{x * factor.companion} * p >> 32);
+    const std::uint32_t quotient = x * factor.companion;
+    const std::uint32_t back = static_cast<std::uint32_t>(std::uint64_t{quotient} * p >> 32);
     return high >= back ? high - back : high - back + p;
   }
   constexpr std::uint32_t power(std::uint32_t base, std::uint32_t exponent) const
@@ -110,7 +111,7 @@ struct Roots {
 struct TransformSteps {
   const char* name;
   /// From how many words of the shorter factor on a product by transforms is faster than one by halves: with limbs of 32
-  /// bits, and of 64. Measured with bench/radix.cpp, see docs/radix.md.
+  /// bits, and of 64. Measured, see docs/radix.md.
   std::size_t worthFromWords[2];
   /// The words modulo the prime, and zeros behind them.
   void (*reduce)(const std::uint32_t* words, std::size_t count, std::uint32_t* residues, std::size_t length,

@@ -89,7 +89,7 @@ inline void blockProduct(std::uint32_t* a, const std::uint32_t* b, const quelmcl
 
 #include "kernels/transformloops.hpp"
 
-const quelmcl::detail::TransformSteps steps = {"AVX2", {64, 400}, reduce, forward, multiply, back, combine};
+const quelmcl::detail::TransformSteps steps = {"AVX2", {64, 600}, reduce, forward, multiply, back, combine};
 
 }  // namespace
 

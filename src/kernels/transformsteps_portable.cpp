@@ -70,7 +70,7 @@ void blockProduct(std::uint32_t* a, const std::uint32_t* b, const quelmcl::detai
 
 #include "kernels/transformloops.hpp"
 
-const quelmcl::detail::TransformSteps steps = {"portable", {2400, 4000}, reduce, forward, multiply, back, combine};
+const quelmcl::detail::TransformSteps steps = {"portable", {3000, 6000}, reduce, forward, multiply, back, combine};
 
 }  // namespace
 

@@ -89,7 +89,7 @@ inline void blockProduct(std::uint32_t* a, const std::uint32_t* b, const quelmcl
 
 #include "kernels/transformloops.hpp"
 
-const quelmcl::detail::TransformSteps steps = {"SSE2", {100, 480}, reduce, forward, multiply, back, combine};
+const quelmcl::detail::TransformSteps steps = {"SSE2", {120, 1000}, reduce, forward, multiply, back, combine};
 
 }  // namespace
 

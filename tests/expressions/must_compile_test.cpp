@@ -649,6 +649,18 @@ TEST(EditingExpressions, ChainAndTakeLiteralsInTheStaticForms)
   EXPECT_EQ("1abc", bytes(IString::stripTrailing("1abc2", isdigit)));
 }
 
+TEST(Expressions, NumberFormsTakeTextsAndNumbers)
+{
+  EXPECT_EQ("FF", bytes(IString::d2x("255")));
+  EXPECT_EQ("FF", bytes(IString::d2x(255)));
+  EXPECT_EQ("255", bytes(IString::x2d("ff")));
+  EXPECT_EQ("1010", bytes(IString(IString::d2b(10u)).stripLeading('0')));
+  IString number("255");
+  EXPECT_EQ("11111111", bytes(number.d2x().x2b()));
+  const IString constant("10");
+  EXPECT_EQ("0A", bytes(IString::d2x(constant)));
+}
+
 bool takesString(const IString& text)
 {
   return text == "x";

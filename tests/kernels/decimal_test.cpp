@@ -24,7 +24,7 @@ struct Method {
 
 // Every method from the shortest numbers on that it can do.
 const Method methods[] = {
-  {"as_usual", usualLimits},
+  {"as_usual", usualLimits()},
   {"a_word_at_a_time", {never, never, never, never}},
   {"divided_early", {1, never, never, 200}},
   {"fractions_early", {1, 1, 1, 1}},
@@ -122,7 +122,7 @@ TEST_P(DecimalKernels, AgreeWithTheUsualOnesOnLongNumbers)
   for (const std::size_t length : {2000u, 4999u, 12288u}) {
     const std::string bytes = randomBytes(random, length);
     const std::string digits = digitsOf(bytes, limits());
-    EXPECT_TRUE(digits == digitsOf(bytes, usualLimits)) << length;
+    EXPECT_TRUE(digits == digitsOf(bytes, usualLimits())) << length;
     EXPECT_TRUE(bytesOf(0, digits, limits()) == bytes) << length;
   }
 }
@@ -137,14 +137,14 @@ TEST(DecimalKernelsAroundTheirLimits, AgreeWithAWordAtATime)
 {
   RandomNumbers random;
   const DecimalLimits& wordwise = methods[1].limits;
-  for (const std::size_t limit : {usualLimits.dividedFrom, usualLimits.fractionsFrom, usualLimits.fractionLeaf})
+  for (const std::size_t limit : {usualLimits().dividedFrom, usualLimits().fractionsFrom, usualLimits().fractionLeaf})
     for (std::size_t length = limit * limbBytes - limbBytes; length <= limit * limbBytes + limbBytes; ++length) {
       const std::string bytes = randomBytes(random, length);
-      EXPECT_TRUE(digitsOf(bytes, usualLimits) == digitsOf(bytes, wordwise)) << length << " bytes";
+      EXPECT_TRUE(digitsOf(bytes, usualLimits()) == digitsOf(bytes, wordwise)) << length << " bytes";
     }
-  for (std::size_t length = usualLimits.joinedFrom - 2; length < usualLimits.joinedFrom + 3; ++length) {
+  for (std::size_t length = usualLimits().joinedFrom - 2; length < usualLimits().joinedFrom + 3; ++length) {
     const std::string digits = randomDigits(random, length);
-    EXPECT_TRUE(bytesOf(0, digits, usualLimits) == bytesOf(0, digits, wordwise)) << length << " digits";
+    EXPECT_TRUE(bytesOf(0, digits, usualLimits()) == bytesOf(0, digits, wordwise)) << length << " digits";
   }
 }
 
