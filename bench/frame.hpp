@@ -31,6 +31,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <memory>
 #include <random>
 #include <string>
 #include <utility>
@@ -53,6 +54,17 @@ inline std::string asText(const std::string& text)
 inline std::string asText(const IString& text)
 {
   return std::string(static_cast<const char*>(text), text.length());
+}
+
+template <class Release>
+std::string asText(const std::unique_ptr<char, Release>& text)
+{
+  return text.get();
+}
+
+inline std::string asText(const std::shared_ptr<const std::string>& text)
+{
+  return *text;
 }
 
 /// The same bytes in every run.

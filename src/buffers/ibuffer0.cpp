@@ -109,6 +109,22 @@ const char* IBuffer::className() const
   return quelmcl::detail::singleByteKind;
 }
 
+namespace {
+
+/// Writes a piece of a text, pad characters for a null one, and returns where it ends.
+char* appendPiece(char* end, const void* piece, unsigned length, char padCharacter)
+{
+  if (length == 0)
+    return end;
+  if (piece == nullptr)
+    std::memset(end, padCharacter, length);
+  else
+    std::memcpy(end, piece, length);
+  return end + length;
+}
+
+}  // namespace
+
 IBuffer* IBuffer::newBuffer(const void* p1, unsigned len1, const void* p2, unsigned len2, const void* p3, unsigned len3,
                             char padCharacter) const
 {
@@ -117,19 +133,9 @@ IBuffer* IBuffer::newBuffer(const void* p1, unsigned len1, const void* p2, unsig
     return null()->addRef();
 
   IBuffer* const result = allocate(total);
-  char* end = result->contents();
-  const auto append = [&end, padCharacter](const void* piece, unsigned length) {
-    if (length == 0)
-      return;
-    if (piece == nullptr)
-      std::memset(end, padCharacter, length);
-    else
-      std::memcpy(end, piece, length);
-    end += length;
-  };
-  append(p1, len1);
-  append(p2, len2);
-  append(p3, len3);
+  char* const end = appendPiece(result->contents(), p1, len1, padCharacter);
+  if (total != len1)
+    appendPiece(appendPiece(end, p2, len2, padCharacter), p3, len3, padCharacter);
   return result;
 }
 
