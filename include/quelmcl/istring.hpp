@@ -33,13 +33,29 @@
 #include <quelmcl/ibase.hpp>
 #include <quelmcl/ibuffer.hpp>
 #include <quelmcl/istrenum.hpp>
+#include <quelmcl/istrstd.hpp>
 #include <quelmcl/istrtest.hpp>
 
 #include <cstddef>
 #include <iosfwd>
 #include <type_traits>
+#if __cplusplus >= 202002L && __has_include(<compare>)
+#  include <compare>
+#endif
+
+/// Programs that define QUELMCL_EXPLICIT_POINTERS before they include this header must ask for the pointer to a text,
+/// as in `static_cast<const char*>(text)`; nothing becomes one by itself. The library and its binary interface are the
+/// same either way.
+#ifdef QUELMCL_EXPLICIT_POINTERS
+#  define QUELMCL_POINTER_CONVERSION explicit
+#else
+#  define QUELMCL_POINTER_CONVERSION
+#endif
 
 namespace quelmcl {
+
+class Characters;
+
 namespace detail {
 
 /// The largest length or count: "all of it" as a default argument.
@@ -59,6 +75,13 @@ unsigned checkedLength(Length length)
   if (static_cast<Length>(asStringLength) != length)
     IBuffer::overflow();
   return asStringLength;
+}
+
+/// `length` as a string's length, for comparison alone: what no string can hold is longer than every string, and the
+/// largest number is enough to show it.
+inline unsigned cutLength(std::size_t length) noexcept
+{
+  return length > allOfIt ? +allOfIt : static_cast<unsigned>(length);
 }
 
 }  // namespace detail
@@ -100,6 +123,12 @@ public:
   IString(const char* text);
   IString(const unsigned char* text);
   IString(const signed char* text);
+  /// All bytes of a std::string or std::string_view. Explicit, because comparisons of these types with C texts would
+  /// otherwise be ambiguous wherever this header is included.
+  template <class Text, class = quelmcl::detail::ForStandardText<Text, void>>
+  explicit IString(const Text& text) : IString(text.data(), text.size())
+  {
+  }
 
   /// `len1` bytes from `p1`, or that many pad characters when `p1` is null; NUL bytes are bytes like any other.
   IString(const void* p1, unsigned len1, char padCharacter = ' ');
@@ -157,6 +186,12 @@ public:
     source.pBuffer = emptyText();
     return *this;
   }
+  /// Takes all bytes of a std::string or std::string_view.
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, IString&> operator=(const Text& text)
+  {
+    return *this = IString(text);
+  }
   /// @}
 
   /// @name Access
@@ -165,16 +200,66 @@ public:
   /// The text, followed by a NUL; it may hold NULs of its own, so measure it with length(). The pointer belongs to
   /// this string and ends with its next change, assignment or destruction. Never write through it: other strings may
   /// share these bytes.
-  operator char*() const noexcept { return pBuffer; }
+  QUELMCL_POINTER_CONVERSION operator char*() const noexcept { return pBuffer; }
   /// The same, as unsigned bytes.
-  operator unsigned char*() const noexcept { return reinterpret_cast<unsigned char*>(pBuffer); }
+  QUELMCL_POINTER_CONVERSION operator unsigned char*() const noexcept
+  {
+    return reinterpret_cast<unsigned char*>(pBuffer);
+  }
   /// The same, as signed bytes.
-  operator signed char*() const noexcept { return reinterpret_cast<signed char*>(pBuffer); }
+  QUELMCL_POINTER_CONVERSION operator signed char*() const noexcept { return reinterpret_cast<signed char*>(pBuffer); }
+
+#ifdef __cpp_lib_string_view
+  /// The whole text, NUL bytes included. It ends as the pointers do.
+  operator std::string_view() const noexcept
+  {
+    return std::string_view(pBuffer, length());
+  }
+#endif
+  /// The whole text, NUL bytes included, as any type that is made from a pointer and a length:
+  /// `text.as<std::string>()`. (`std::string(text)` goes through the pointer and ends at the first NUL.)
+  template <class Text>
+  Text as() const
+  {
+    return Text(static_cast<const char*>(pBuffer), std::size_t{length()});
+  }
+
+  /// @name Iteration
+  /// Over the bytes, each once, NUL bytes included. They are for reading, so that no loop gives the string a private
+  /// copy of a shared text; they live as the pointers do.
+  /// @{
+  using value_type = char;
+  using const_iterator = const char*;
+  const char* begin() const noexcept
+  {
+    return pBuffer;
+  }
+  const char* end() const noexcept
+  {
+    return pBuffer + length();
+  }
+  const char* cbegin() const noexcept
+  {
+    return begin();
+  }
+  const char* cend() const noexcept
+  {
+    return end();
+  }
+  /// The range of the characters, each of one or several bytes. Include istrchar.hpp (or quelmcl.hpp) to use it.
+  inline quelmcl::Characters characters() const noexcept;
+  /// @}
 
   /// The number of bytes.
-  unsigned length() const noexcept { return buffer()->length(); }
+  unsigned length() const noexcept
+  {
+    return buffer()->length();
+  }
   /// The number of bytes.
-  unsigned size() const noexcept { return buffer()->length(); }
+  unsigned size() const noexcept
+  {
+    return buffer()->length();
+  }
 
   /// The decimal number at the front of the text, after white space; what follows it is ignored. 0 when there is
   /// none, the nearest value of the type when it does not fit (a negative number is 0 for asUnsigned).
@@ -186,7 +271,10 @@ public:
   double asDouble() const;
 
   /// A copy.
-  IString asString() const { return *this; }
+  IString asString() const
+  {
+    return *this;
+  }
   /// "IString(@", this object's address in decimal digits, ",pBuffer->", the buffer's own debug text, ")".
   IString asDebugInfo() const;
 
@@ -261,6 +349,13 @@ public:
   unsigned indexOf(const char* pString, unsigned startPos = 1) const;
   unsigned indexOf(char aCharacter, unsigned startPos = 1) const;
   unsigned indexOf(const IStringTest& aTest, unsigned startPos = 1) const;
+  // One byte is a character: the rules for those of several bytes look at a NUL behind it, which a view need not have.
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, unsigned> indexOf(const Text& text, unsigned startPos = 1) const
+  {
+    return text.size() == 1 ? indexOf(*text.data(), startPos)
+                            : buffer()->indexOf(text.data(), quelmcl::detail::checkedLength(text.size()), startPos);
+  }
 
   /// The first byte that is not in the set, is not the character, or fails the test.
   unsigned indexOfAnyBut(const IString& validChars, unsigned startPos = 1) const;
@@ -279,6 +374,13 @@ public:
   unsigned lastIndexOf(const char* pString, unsigned startPos = quelmcl::detail::allOfIt) const;
   unsigned lastIndexOf(char aCharacter, unsigned startPos = quelmcl::detail::allOfIt) const;
   unsigned lastIndexOf(const IStringTest& aTest, unsigned startPos = quelmcl::detail::allOfIt) const;
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, unsigned> lastIndexOf(const Text& text,
+                                                               unsigned startPos = quelmcl::detail::allOfIt) const
+  {
+    return text.size() == 1 ? lastIndexOf(*text.data(), startPos)
+                            : buffer()->lastIndexOf(text.data(), quelmcl::detail::checkedLength(text.size()), startPos);
+  }
 
   /// The last byte at or before `startPos` that is not in the set, is not the character, or fails the test.
   unsigned lastIndexOfAnyBut(const IString& validChars, unsigned startPos = quelmcl::detail::allOfIt) const;
@@ -298,6 +400,12 @@ public:
   unsigned occurrencesOf(const char* pString, unsigned startPos = 1) const;
   unsigned occurrencesOf(char aCharacter, unsigned startPos = 1) const;
   unsigned occurrencesOf(const IStringTest& aTest, unsigned startPos = 1) const;
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, unsigned> occurrencesOf(const Text& text, unsigned startPos = 1) const
+  {
+    return text.size() == 1 ? occurrencesOf(*text.data(), startPos)
+                            : occurrencesOf(text.data(), quelmcl::detail::checkedLength(text.size()), startPos);
+  }
   /// @}
 
   /// @name Editing
@@ -423,11 +531,17 @@ public:
   /// The word; word 0 is the first.
   IString word(unsigned long wordNumber) const;
   /// The words from `firstWord` to the last (word 0 is the first), with the white space between them as it stands.
-  IString words(unsigned long firstWord) const { return words(firstWord, quelmcl::detail::allOfIt); }
+  IString words(unsigned long firstWord) const
+  {
+    return words(firstWord, quelmcl::detail::allOfIt);
+  }
   /// At most `numWords` of them.
   IString words(unsigned long firstWord, unsigned long numWords) const;
   /// The position of the word's first byte; 0 for word 0.
-  unsigned long indexOfWord(unsigned long wordNumber) const { return indexOfWord(wordNumber, 1, 0); }
+  unsigned long indexOfWord(unsigned long wordNumber) const
+  {
+    return indexOfWord(wordNumber, 1, 0);
+  }
   /// The length of the word in bytes; 0 for word 0.
   unsigned long lengthOfWord(unsigned long wordNumber) const;
   /// The position where the words of `aPhrase` stand one after the other, at or after word `startWord`, whatever
@@ -444,7 +558,10 @@ public:
   }
 
   /// Removes the words from `firstWord` on, and the white space behind each. Word 0 removes nothing.
-  IString& removeWords(unsigned long firstWord) { return removeWords(firstWord, quelmcl::detail::allOfIt); }
+  IString& removeWords(unsigned long firstWord)
+  {
+    return removeWords(firstWord, quelmcl::detail::allOfIt);
+  }
   /// Removes at most `numWords` words.
   IString& removeWords(unsigned long firstWord, unsigned long numWords);
   /// Puts exactly `numSpaces` space characters between the words and none around them.
@@ -477,6 +594,11 @@ public:
   /// Appends. An empty argument changes nothing, the shared buffer included; any other builds a new text each time.
   IString& operator+=(const IString& aString);
   IString& operator+=(const char* pString);
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, IString&> operator+=(const Text& text)
+  {
+    return appendBytes(text.data(), quelmcl::detail::checkedLength(text.size()));
+  }
 
   /// A copy of this text, every byte combined with one of the argument, which is repeated as often as needed. The
   /// length stays; an empty argument changes nothing.
@@ -496,6 +618,81 @@ public:
   /// A new string of the same length, every bit turned over.
   IString operator~() const;
   /// @}
+
+  /// @name Beside texts of the standard library
+  /// Joining and comparison with a std::string or std::string_view on either side, NUL bytes included; comparison
+  /// copies nothing. Friends, so that they are seen where an IString is meant and nowhere else: comparisons of other
+  /// types stay what they were.
+  /// @{
+  template <class Text>
+  friend quelmcl::detail::ForStandardText<Text, IString> operator+(const IString& aString, const Text& text)
+  {
+    return IString(aString.pBuffer, aString.length(), text.data(), text.size());
+  }
+  template <class Text>
+  friend quelmcl::detail::ForStandardText<Text, IString> operator+(const Text& text, const IString& aString)
+  {
+    return IString(text.data(), text.size(), aString.pBuffer, aString.length());
+  }
+
+/// Declares a comparison with a text of the standard library on either side.
+#define QUELMCL_COMPARE_STANDARD(op)                                                                              \
+  template <class Text>                                                                                           \
+  friend quelmcl::detail::ForStandardText<Text, int> operator op(const IString& left, const Text& right) noexcept \
+  {                                                                                                               \
+    return left.orderAgainst(right.data(), right.size()) op 0;                                                    \
+  }                                                                                                               \
+  template <class Text>                                                                                           \
+  friend quelmcl::detail::ForStandardText<Text, int> operator op(const Text& left, const IString& right) noexcept \
+  {                                                                                                               \
+    return 0 op right.orderAgainst(left.data(), left.size());                                                     \
+  }
+  QUELMCL_COMPARE_STANDARD(==)
+  QUELMCL_COMPARE_STANDARD(!=)
+  QUELMCL_COMPARE_STANDARD(<)
+  QUELMCL_COMPARE_STANDARD(<=)
+  QUELMCL_COMPARE_STANDARD(>)
+  QUELMCL_COMPARE_STANDARD(>=)
+#undef QUELMCL_COMPARE_STANDARD
+
+#ifdef __cpp_lib_three_way_comparison
+  /// The order of `<` and `==` in one result, for a string and a string, a C text or a text of the standard library.
+  friend std::strong_ordering operator<=>(const IString& left, const IString& right) noexcept
+  {
+    return left.orderAgainst(right.pBuffer, right.length()) <=> 0;
+  }
+  template <class Character>
+  friend typename std::enable_if<std::is_same<const Character, const char>::value, std::strong_ordering>::type
+  operator<=>(const IString& left, Character* right)
+  {
+    return left.orderAgainst(right, lengthOf(right)) <=> 0;
+  }
+  template <class Text>
+  friend quelmcl::detail::ForStandardText<Text, std::strong_ordering> operator<=>(const IString& left,
+                                                                                  const Text& right) noexcept
+  {
+    return left.orderAgainst(right.data(), right.size()) <=> 0;
+  }
+#endif
+  /// @}
+
+  /// A number made of all bytes of the text: equal texts have equal ones. It is the same within a process only. Linear
+  /// in the text.
+  std::size_t hash() const noexcept
+  {
+    return hashOf(pBuffer, length());
+  }
+  /// The same for `length` bytes at `text`, which may be null when there are none.
+  static std::size_t hashOf(const char* text, unsigned length) noexcept;
+
+  /// Writes the text in quotes, as it would stand in source code: NUL bytes and other control characters become
+  /// escapes, the bytes of characters beyond ASCII stay. For messages about texts, such as those of tests.
+  std::ostream& writeQuoted(std::ostream& aStream) const;
+  /// GoogleTest shows strings with this.
+  friend void PrintTo(const IString& text, std::ostream* aStream)
+  {
+    text.writeQuoted(*aStream);
+  }
 
   /// The next line of the stream: what stands before `delimiter`, which is taken out of the stream, or before its
   /// end. Empty when there is nothing left to read; the state of the stream tells. May hold NUL bytes. Throws only
@@ -517,7 +714,10 @@ protected:
   /// The default null buffer's text as remembered; null before the first string.
   static char* nullBuf() noexcept;
   /// The default null buffer.
-  static IBuffer* defaultBuffer() { return IBuffer::defaultBuffer(); }
+  static IBuffer* defaultBuffer()
+  {
+    return IBuffer::defaultBuffer();
+  }
   /// Remembers the text of a default null buffer.
   static void setDefaultBuffer(char* text) noexcept;
   /// Points this string at the buffer, whose reference it takes over. The reference to the old one is not given back.
@@ -527,9 +727,15 @@ protected:
     return *this;
   }
   /// The buffer that holds the text.
-  IBuffer* buffer() const noexcept { return IBuffer::fromContents(pBuffer); }
+  IBuffer* buffer() const noexcept
+  {
+    return IBuffer::fromContents(pBuffer);
+  }
   /// The text.
-  char* data() const noexcept { return pBuffer; }
+  char* data() const noexcept
+  {
+    return pBuffer;
+  }
   /// The length of a NUL-terminated text; 0 for null. Throws IInvalidRequest 1010 when no string can hold it.
   static unsigned lengthOf(const char* text);
 
@@ -548,6 +754,14 @@ protected:
 private:
   friend class IBuffer;
   explicit IString(IBuffer* owned) noexcept : pBuffer(owned->contents()) {}
+
+  /// Below, at or above 0 as this text sorts before, with or behind the other.
+  int orderAgainst(const char* text, std::size_t textLength) const noexcept
+  {
+    const char* const other = text == nullptr ? "" : text;
+    const IBuffer::Comparison found = buffer()->compare(other, quelmcl::detail::cutLength(textLength));
+    return found == IBuffer::equal ? 0 : found == IBuffer::lessThan ? -1 : 1;
+  }
 
   static char* placeholder();
   static char* emptyText() noexcept;
@@ -652,5 +866,9 @@ QUELMCL_COMPARE_WRITABLE(>)
 QUELMCL_COMPARE_WRITABLE(>=)
 #undef QUELMCL_COMPARE_WRITABLE
 /// @}
+
+#undef QUELMCL_POINTER_CONVERSION
+
+#include <quelmcl/istrhash.hpp>  // needs the class
 
 #endif
