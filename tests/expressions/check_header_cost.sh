@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# check_header_cost.sh - checks that the include of everything costs at most a quarter more preprocessed lines than <iostream> and
-# <string>, which most programs include anyway.
+# check_header_cost.sh - checks that <iostream> and <string>, which most programs include anyway, become at most a quarter longer by
+# the include of everything, counted in preprocessed lines; and that it is no longer than that quarter more when it stands alone.
 # usage: check_header_cost.sh COMPILER [FLAG...]
 set -u
 export LC_ALL=C
@@ -15,10 +15,14 @@ compile=("$@")
 failures=0
 for standard in c++11 c++14 c++17 c++20 c++2b; do
   usual=$(lines_of "$standard" iostream string)
-  ours=$(lines_of "$standard" quelmcl/quelmcl.hpp)
-  printf '%s: %d lines, <iostream> and <string> have %d\n' "$standard" "$ours" "$usual"
-  # A header that could not be read costs nothing; so does an empty one.
-  if [ "$usual" -lt 1000 ] || [ "$ours" -lt 500 ] || [ $((4 * ours)) -gt $((5 * usual)) ]; then
+  alone=$(lines_of "$standard" quelmcl/quelmcl.hpp)
+  both=$(lines_of "$standard" iostream string quelmcl/quelmcl.hpp)
+  printf '%s: %d lines, <iostream> and <string> have %d, all three %d\n' "$standard" "$alone" "$usual" "$both"
+  # A header that could not be read costs nothing.
+  if [ "$usual" -lt 1000 ] || [ "$alone" -lt 1000 ] || [ "$both" -lt $((usual + 500)) ]; then
+    echo "FAIL: nothing to count in $standard"
+    failures=$((failures + 1))
+  elif [ $((4 * both)) -gt $((5 * usual)) ] || [ $((4 * alone)) -gt $((5 * usual)) ]; then
     echo "FAIL: too much in $standard"
     failures=$((failures + 1))
   fi

@@ -64,6 +64,7 @@ TEST(StandardStrings, AreTakenWhole)
   EXPECT_EQ(str, bytes(I0String(str)));
   I0String fromZero;
   EXPECT_TYPE(I0String&, fromZero = str);
+  fromZero = str;
   EXPECT_EQ(str, bytes(fromZero));
 
   EXPECT_TYPE(IString&, s += str);
