@@ -8,10 +8,10 @@
 #define QUELMCL_ISTRHASH_HPP
 
 #include <quelmcl/istring.hpp>
+#include <quelmcl/istrord.hpp>
 #include <quelmcl/istrstd.hpp>
 
 #include <cstddef>
-#include <cstring>
 
 namespace quelmcl {
 
@@ -22,10 +22,7 @@ struct TextHash {
   using is_transparent = void;
 
   std::size_t operator()(const IString& text) const noexcept { return text.hash(); }
-  std::size_t operator()(const char* text) const noexcept
-  {
-    return bytes(text, text == nullptr ? 0 : std::strlen(text));
-  }
+  std::size_t operator()(const char* text) const noexcept { return bytes(text, detail::lengthOfText(text)); }
   template <class Text>
   detail::ForStandardText<Text, std::size_t> operator()(const Text& text) const noexcept
   {

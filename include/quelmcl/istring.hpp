@@ -39,9 +39,6 @@
 #include <cstddef>
 #include <iosfwd>
 #include <type_traits>
-#if __cplusplus >= 202002L && __has_include(<compare>)
-#  include <compare>
-#endif
 
 /// Programs that define QUELMCL_EXPLICIT_POINTERS before they include this header must ask for the pointer to a text,
 /// as in `static_cast<const char*>(text)`; nothing becomes one by itself. The library and its binary interface are the
@@ -75,13 +72,6 @@ unsigned checkedLength(Length length)
   if (static_cast<Length>(asStringLength) != length)
     IBuffer::overflow();
   return asStringLength;
-}
-
-/// `length` as a string's length, for comparison alone: what no string can hold is longer than every string, and the
-/// largest number is enough to show it.
-inline unsigned cutLength(std::size_t length) noexcept
-{
-  return length > allOfIt ? +allOfIt : static_cast<unsigned>(length);
 }
 
 }  // namespace detail
@@ -209,13 +199,12 @@ public:
   /// The same, as signed bytes.
   QUELMCL_POINTER_CONVERSION operator signed char*() const noexcept { return reinterpret_cast<signed char*>(pBuffer); }
 
-#ifdef __cpp_lib_string_view
-  /// The whole text, NUL bytes included. It ends as the pointers do.
-  operator std::string_view() const noexcept
+  /// A std::string_view (C++17) of the whole text, NUL bytes included. It ends as the pointers do.
+  template <class View, class = quelmcl::detail::ForStandardView<View, void>>
+  operator View() const noexcept
   {
-    return std::string_view(pBuffer, length());
+    return View(pBuffer, length());
   }
-#endif
   /// The whole text, NUL bytes included, as any type that is made from a pointer and a length:
   /// `text.as<std::string>()`. (`std::string(text)` goes through the pointer and ends at the first NUL.)
   template <class Text>
@@ -224,42 +213,10 @@ public:
     return Text(static_cast<const char*>(pBuffer), std::size_t{length()});
   }
 
-  /// @name Iteration
-  /// Over the bytes, each once, NUL bytes included. They are for reading, so that no loop gives the string a private
-  /// copy of a shared text; they live as the pointers do.
-  /// @{
-  using value_type = char;
-  using const_iterator = const char*;
-  const char* begin() const noexcept
-  {
-    return pBuffer;
-  }
-  const char* end() const noexcept
-  {
-    return pBuffer + length();
-  }
-  const char* cbegin() const noexcept
-  {
-    return begin();
-  }
-  const char* cend() const noexcept
-  {
-    return end();
-  }
-  /// The range of the characters, each of one or several bytes. Include istrchar.hpp (or quelmcl.hpp) to use it.
-  inline quelmcl::Characters characters() const noexcept;
-  /// @}
-
   /// The number of bytes.
-  unsigned length() const noexcept
-  {
-    return buffer()->length();
-  }
+  unsigned length() const noexcept { return buffer()->length(); }
   /// The number of bytes.
-  unsigned size() const noexcept
-  {
-    return buffer()->length();
-  }
+  unsigned size() const noexcept { return buffer()->length(); }
 
   /// The decimal number at the front of the text, after white space; what follows it is ignored. 0 when there is
   /// none, the nearest value of the type when it does not fit (a negative number is 0 for asUnsigned).
@@ -271,10 +228,7 @@ public:
   double asDouble() const;
 
   /// A copy.
-  IString asString() const
-  {
-    return *this;
-  }
+  IString asString() const { return *this; }
   /// "IString(@", this object's address in decimal digits, ",pBuffer->", the buffer's own debug text, ")".
   IString asDebugInfo() const;
 
@@ -297,6 +251,20 @@ public:
   /// past the end gives `len` pad characters, a `len` of 0 the empty string. One allocation, one copy; none when
   /// empty.
   IString subString(unsigned startPos, unsigned len, char padCharacter = ' ') const;
+  /// @}
+
+  /// @name Iteration
+  /// Over the bytes, each once, NUL bytes included. They are for reading, so that no loop gives the string a private
+  /// copy of a shared text; they live as the pointers do.
+  /// @{
+  using value_type = char;
+  using const_iterator = const char*;
+  const char* begin() const noexcept { return pBuffer; }
+  const char* end() const noexcept { return pBuffer + length(); }
+  const char* cbegin() const noexcept { return begin(); }
+  const char* cend() const noexcept { return end(); }
+  /// The range of the characters, each of one or several bytes. Include istrchar.hpp (or quelmcl.hpp) to use it.
+  inline quelmcl::Characters characters() const noexcept;
   /// @}
 
   /// @name Questions about the whole text
@@ -531,17 +499,11 @@ public:
   /// The word; word 0 is the first.
   IString word(unsigned long wordNumber) const;
   /// The words from `firstWord` to the last (word 0 is the first), with the white space between them as it stands.
-  IString words(unsigned long firstWord) const
-  {
-    return words(firstWord, quelmcl::detail::allOfIt);
-  }
+  IString words(unsigned long firstWord) const { return words(firstWord, quelmcl::detail::allOfIt); }
   /// At most `numWords` of them.
   IString words(unsigned long firstWord, unsigned long numWords) const;
   /// The position of the word's first byte; 0 for word 0.
-  unsigned long indexOfWord(unsigned long wordNumber) const
-  {
-    return indexOfWord(wordNumber, 1, 0);
-  }
+  unsigned long indexOfWord(unsigned long wordNumber) const { return indexOfWord(wordNumber, 1, 0); }
   /// The length of the word in bytes; 0 for word 0.
   unsigned long lengthOfWord(unsigned long wordNumber) const;
   /// The position where the words of `aPhrase` stand one after the other, at or after word `startWord`, whatever
@@ -558,10 +520,7 @@ public:
   }
 
   /// Removes the words from `firstWord` on, and the white space behind each. Word 0 removes nothing.
-  IString& removeWords(unsigned long firstWord)
-  {
-    return removeWords(firstWord, quelmcl::detail::allOfIt);
-  }
+  IString& removeWords(unsigned long firstWord) { return removeWords(firstWord, quelmcl::detail::allOfIt); }
   /// Removes at most `numWords` words.
   IString& removeWords(unsigned long firstWord, unsigned long numWords);
   /// Puts exactly `numSpaces` space characters between the words and none around them.
@@ -619,69 +578,9 @@ public:
   IString operator~() const;
   /// @}
 
-  /// @name Beside texts of the standard library
-  /// Joining and comparison with a std::string or std::string_view on either side, NUL bytes included; comparison
-  /// copies nothing. Friends, so that they are seen where an IString is meant and nowhere else: comparisons of other
-  /// types stay what they were.
-  /// @{
-  template <class Text>
-  friend quelmcl::detail::ForStandardText<Text, IString> operator+(const IString& aString, const Text& text)
-  {
-    return IString(aString.pBuffer, aString.length(), text.data(), text.size());
-  }
-  template <class Text>
-  friend quelmcl::detail::ForStandardText<Text, IString> operator+(const Text& text, const IString& aString)
-  {
-    return IString(text.data(), text.size(), aString.pBuffer, aString.length());
-  }
-
-/// Declares a comparison with a text of the standard library on either side.
-#define QUELMCL_COMPARE_STANDARD(op)                                                                              \
-  template <class Text>                                                                                           \
-  friend quelmcl::detail::ForStandardText<Text, int> operator op(const IString& left, const Text& right) noexcept \
-  {                                                                                                               \
-    return left.orderAgainst(right.data(), right.size()) op 0;                                                    \
-  }                                                                                                               \
-  template <class Text>                                                                                           \
-  friend quelmcl::detail::ForStandardText<Text, int> operator op(const Text& left, const IString& right) noexcept \
-  {                                                                                                               \
-    return 0 op right.orderAgainst(left.data(), left.size());                                                     \
-  }
-  QUELMCL_COMPARE_STANDARD(==)
-  QUELMCL_COMPARE_STANDARD(!=)
-  QUELMCL_COMPARE_STANDARD(<)
-  QUELMCL_COMPARE_STANDARD(<=)
-  QUELMCL_COMPARE_STANDARD(>)
-  QUELMCL_COMPARE_STANDARD(>=)
-#undef QUELMCL_COMPARE_STANDARD
-
-#ifdef __cpp_lib_three_way_comparison
-  /// The order of `<` and `==` in one result, for a string and a string, a C text or a text of the standard library.
-  friend std::strong_ordering operator<=>(const IString& left, const IString& right) noexcept
-  {
-    return left.orderAgainst(right.pBuffer, right.length()) <=> 0;
-  }
-  template <class Character>
-  friend typename std::enable_if<std::is_same<const Character, const char>::value, std::strong_ordering>::type
-  operator<=>(const IString& left, Character* right)
-  {
-    return left.orderAgainst(right, lengthOf(right)) <=> 0;
-  }
-  template <class Text>
-  friend quelmcl::detail::ForStandardText<Text, std::strong_ordering> operator<=>(const IString& left,
-                                                                                  const Text& right) noexcept
-  {
-    return left.orderAgainst(right.data(), right.size()) <=> 0;
-  }
-#endif
-  /// @}
-
   /// A number made of all bytes of the text: equal texts have equal ones. It is the same within a process only. Linear
   /// in the text.
-  std::size_t hash() const noexcept
-  {
-    return hashOf(pBuffer, length());
-  }
+  std::size_t hash() const noexcept { return hashOf(pBuffer, length()); }
   /// The same for `length` bytes at `text`, which may be null when there are none.
   static std::size_t hashOf(const char* text, unsigned length) noexcept;
 
@@ -689,10 +588,7 @@ public:
   /// escapes, the bytes of characters beyond ASCII stay. For messages about texts, such as those of tests.
   std::ostream& writeQuoted(std::ostream& aStream) const;
   /// GoogleTest shows strings with this.
-  friend void PrintTo(const IString& text, std::ostream* aStream)
-  {
-    text.writeQuoted(*aStream);
-  }
+  friend void PrintTo(const IString& text, std::ostream* aStream) { text.writeQuoted(*aStream); }
 
   /// The next line of the stream: what stands before `delimiter`, which is taken out of the stream, or before its
   /// end. Empty when there is nothing left to read; the state of the stream tells. May hold NUL bytes. Throws only
@@ -714,10 +610,7 @@ protected:
   /// The default null buffer's text as remembered; null before the first string.
   static char* nullBuf() noexcept;
   /// The default null buffer.
-  static IBuffer* defaultBuffer()
-  {
-    return IBuffer::defaultBuffer();
-  }
+  static IBuffer* defaultBuffer() { return IBuffer::defaultBuffer(); }
   /// Remembers the text of a default null buffer.
   static void setDefaultBuffer(char* text) noexcept;
   /// Points this string at the buffer, whose reference it takes over. The reference to the old one is not given back.
@@ -727,15 +620,9 @@ protected:
     return *this;
   }
   /// The buffer that holds the text.
-  IBuffer* buffer() const noexcept
-  {
-    return IBuffer::fromContents(pBuffer);
-  }
+  IBuffer* buffer() const noexcept { return IBuffer::fromContents(pBuffer); }
   /// The text.
-  char* data() const noexcept
-  {
-    return pBuffer;
-  }
+  char* data() const noexcept { return pBuffer; }
   /// The length of a NUL-terminated text; 0 for null. Throws IInvalidRequest 1010 when no string can hold it.
   static unsigned lengthOf(const char* text);
 
@@ -754,14 +641,6 @@ protected:
 private:
   friend class IBuffer;
   explicit IString(IBuffer* owned) noexcept : pBuffer(owned->contents()) {}
-
-  /// Below, at or above 0 as this text sorts before, with or behind the other.
-  int orderAgainst(const char* text, std::size_t textLength) const noexcept
-  {
-    const char* const other = text == nullptr ? "" : text;
-    const IBuffer::Comparison found = buffer()->compare(other, quelmcl::detail::cutLength(textLength));
-    return found == IBuffer::equal ? 0 : found == IBuffer::lessThan ? -1 : 1;
-  }
 
   static char* placeholder();
   static char* emptyText() noexcept;
@@ -869,6 +748,8 @@ QUELMCL_COMPARE_WRITABLE(>=)
 
 #undef QUELMCL_POINTER_CONVERSION
 
-#include <quelmcl/istrhash.hpp>  // needs the class
+// What stands beside the class needs it complete.
+#include <quelmcl/istrhash.hpp>
+#include <quelmcl/istrord.hpp>
 
 #endif

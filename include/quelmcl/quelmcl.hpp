@@ -21,6 +21,7 @@
 #include <quelmcl/istrhash.hpp>
 #include <quelmcl/istring.hpp>
 #include <quelmcl/istrlit.hpp>
+#include <quelmcl/istrord.hpp>
 #include <quelmcl/istrstd.hpp>
 #include <quelmcl/istrtest.hpp>
 #include <quelmcl/ivbase.hpp>
