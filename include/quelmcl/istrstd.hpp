@@ -24,24 +24,15 @@ namespace detail {
 template <class Text>
 struct IsStandardText : std::is_same<Text, std::string> {
 };
-/// Whether `View` is std::string_view.
-template <class View>
-struct IsStandardView : std::false_type {
-};
 #ifdef __cpp_lib_string_view
 template <>
 struct IsStandardText<std::string_view> : std::true_type {
-};
-template <>
-struct IsStandardView<std::string_view> : std::true_type {
 };
 #endif
 
 /// `Result`, in overloads for texts of the standard library alone.
 template <class Text, class Result>
 using ForStandardText = typename std::enable_if<IsStandardText<Text>::value, Result>::type;
-template <class View, class Result>
-using ForStandardView = typename std::enable_if<IsStandardView<View>::value, Result>::type;
 
 }  // namespace detail
 }  // namespace quelmcl
