@@ -8,7 +8,6 @@
 #define QUELMCL_ISTRHASH_HPP
 
 #include <quelmcl/istring.hpp>
-#include <quelmcl/istrord.hpp>
 #include <quelmcl/istrstd.hpp>
 
 #include <cstddef>

@@ -11,7 +11,6 @@
 #include <quelmcl/istrstd.hpp>
 
 #include <cstddef>
-#include <cstring>
 #include <type_traits>
 #if __cplusplus >= 202002L && __has_include(<compare>)
 #  include <compare>
@@ -32,19 +31,6 @@ struct IsString<String, false> : std::false_type {
 /// `Result`, for a string and a text of the standard library.
 template <class String, class Text, class Result>
 using ForStringAndText = typename std::enable_if<IsString<String, IsStandardText<Text>::value>::value, Result>::type;
-
-/// `length` as a string's length, for comparison alone: what no string can hold is longer than every string, and the
-/// largest number is enough to show it.
-inline unsigned cutLength(std::size_t length) noexcept
-{
-  return length > allOfIt ? +allOfIt : static_cast<unsigned>(length);
-}
-
-/// The length of a C text; 0 for null.
-inline std::size_t lengthOfText(const char* text) noexcept
-{
-  return text == nullptr ? 0 : std::strlen(text);
-}
 
 /// Below, at or above 0 as `left` sorts before, with or behind the other text.
 inline int order(const IString& left, const char* right, std::size_t rightLength) noexcept

@@ -9,6 +9,7 @@
 
 // The lightest headers that declare std::string, std::string_view and std::hash.
 #include <cstddef>
+#include <cstring>
 #include <iosfwd>
 #include <type_traits>
 #if __cplusplus >= 201703L
@@ -33,6 +34,19 @@ struct IsStandardText<std::string_view> : std::true_type {
 /// `Result`, in overloads for texts of the standard library alone.
 template <class Text, class Result>
 using ForStandardText = typename std::enable_if<IsStandardText<Text>::value, Result>::type;
+
+/// `length` as a string's length, for comparison alone: what no string can hold is longer than every string, and the
+/// largest number is enough to show it.
+inline unsigned cutLength(std::size_t length) noexcept
+{
+  return length > 4294967295u ? 4294967295u : static_cast<unsigned>(length);
+}
+
+/// The length of a C text; 0 for null.
+inline std::size_t lengthOfText(const char* text) noexcept
+{
+  return text == nullptr ? 0 : std::strlen(text);
+}
 
 }  // namespace detail
 }  // namespace quelmcl
