@@ -46,6 +46,10 @@ public:
   I0String(const char* text);
   I0String(const unsigned char* text);
   I0String(const signed char* text);
+  template <class Text, class = quelmcl::detail::ForStandardText<Text, void>>
+  explicit I0String(const Text& text) : IString(text)
+  {
+  }
   I0String(const void* p1, unsigned len1, char padCharacter = ' ');
   I0String(const void* p1, unsigned len1, const void* p2, unsigned len2, char padCharacter = ' ');
   I0String(const void* p1, unsigned len1, const void* p2, unsigned len2, const void* p3, unsigned len3,
@@ -73,6 +77,11 @@ public:
   virtual ~I0String();
   I0String& operator=(const I0String& source) noexcept;
   I0String& operator=(I0String&& source) noexcept;
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, I0String&> operator=(const Text& text)
+  {
+    return *this = I0String(text);
+  }
   /// @}
 
   /// @name Access
@@ -97,6 +106,11 @@ public:
   unsigned indexOf(const char* pString, unsigned startPos = 0) const;
   unsigned indexOf(char aCharacter, unsigned startPos = 0) const;
   unsigned indexOf(const IStringTest& aTest, unsigned startPos = 0) const;
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, unsigned> indexOf(const Text& text, unsigned startPos = 0) const
+  {
+    return adjustResult(IString::indexOf(text, adjustArg(startPos)));
+  }
   unsigned indexOfAnyBut(const IString& validChars, unsigned startPos = 0) const;
   unsigned indexOfAnyBut(const char* pValidChars, unsigned startPos = 0) const;
   unsigned indexOfAnyBut(char validChar, unsigned startPos = 0) const;
@@ -109,6 +123,11 @@ public:
   unsigned lastIndexOf(const char* pString, unsigned startPos = notFound - 1) const;
   unsigned lastIndexOf(char aCharacter, unsigned startPos = notFound - 1) const;
   unsigned lastIndexOf(const IStringTest& aTest, unsigned startPos = notFound - 1) const;
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, unsigned> lastIndexOf(const Text& text, unsigned startPos = notFound - 1) const
+  {
+    return adjustResult(IString::lastIndexOf(text, adjustArg(startPos)));
+  }
   unsigned lastIndexOfAnyBut(const IString& validChars, unsigned startPos = notFound - 1) const;
   unsigned lastIndexOfAnyBut(const char* pValidChars, unsigned startPos = notFound - 1) const;
   unsigned lastIndexOfAnyBut(char validChar, unsigned startPos = notFound - 1) const;
@@ -121,6 +140,11 @@ public:
   unsigned occurrencesOf(const char* pString, unsigned startPos = 0) const;
   unsigned occurrencesOf(char aCharacter, unsigned startPos = 0) const;
   unsigned occurrencesOf(const IStringTest& aTest, unsigned startPos = 0) const;
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, unsigned> occurrencesOf(const Text& text, unsigned startPos = 0) const
+  {
+    return IString::occurrencesOf(text, adjustArg(startPos));
+  }
   /// The position of the phrase; word numbers count from 1 here, too.
   unsigned indexOfPhrase(const IString& aPhrase, unsigned startWord = 1) const;
   /// The position of the word; word numbers count from 1 here, too.
@@ -156,6 +180,9 @@ public:
   QUELMCL_NODISCARD static I0String remove(const IString& aString, unsigned startPos, unsigned numChars);
   /// @}
 
+  /// GoogleTest shows strings with this.
+  friend void PrintTo(const I0String& text, std::ostream* aStream) { text.writeQuoted(*aStream); }
+
   /// @name The shift
   /// An argument becomes 1-based, a result 0-based; both wrap around.
   /// @{
@@ -164,6 +191,11 @@ public:
   static unsigned adjustResult(unsigned pos) noexcept { return pos - 1u; }
   static int adjustResult(int pos) noexcept { return static_cast<int>(static_cast<unsigned>(pos) - 1u); }
   /// @}
+};
+
+/// The hash of the bytes, as that of an IString.
+template <>
+struct std::hash<I0String> : std::hash<IString> {
 };
 
 #endif

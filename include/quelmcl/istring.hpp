@@ -32,13 +32,26 @@
 #include <quelmcl/ibase.hpp>
 #include <quelmcl/ibuffer.hpp>
 #include <quelmcl/istrenum.hpp>
+#include <quelmcl/istrstd.hpp>
 #include <quelmcl/istrtest.hpp>
 
 #include <cstddef>
 #include <iosfwd>
 #include <type_traits>
 
+/// Programs that define QUELMCL_EXPLICIT_POINTERS before they include this header must ask for the pointer to a text,
+/// as in `static_cast<const char*>(text)`; nothing becomes one by itself. The library and its binary interface are the
+/// same either way.
+#ifdef QUELMCL_EXPLICIT_POINTERS
+#  define QUELMCL_POINTER_CONVERSION explicit
+#else
+#  define QUELMCL_POINTER_CONVERSION
+#endif
+
 namespace quelmcl {
+
+class Characters;
+
 namespace detail {
 
 /// The largest length or count: "all of it" as a default argument.
@@ -99,6 +112,12 @@ public:
   IString(const char* text);
   IString(const unsigned char* text);
   IString(const signed char* text);
+  /// All bytes of a std::string or std::string_view. Explicit, because comparisons of these types with C texts would
+  /// otherwise be ambiguous wherever this header is included.
+  template <class Text, class = quelmcl::detail::ForStandardText<Text, void>>
+  explicit IString(const Text& text) : IString(text.data(), text.size())
+  {
+  }
 
   /// `len1` bytes from `p1`, or that many pad characters when `p1` is null; NUL bytes are bytes like any other.
   IString(const void* p1, unsigned len1, char padCharacter = ' ');
@@ -156,6 +175,12 @@ public:
     source.pBuffer = emptyText();
     return *this;
   }
+  /// Takes all bytes of a std::string or std::string_view.
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, IString&> operator=(const Text& text)
+  {
+    return *this = IString(text);
+  }
   /// @}
 
   /// @name Access
@@ -164,11 +189,22 @@ public:
   /// The text, followed by a NUL; it may hold NULs of its own, so measure it with length(). The pointer belongs to
   /// this string and ends with its next change, assignment or destruction. Never write through it: other strings may
   /// share these bytes.
-  operator char*() const noexcept { return pBuffer; }
+  QUELMCL_POINTER_CONVERSION operator char*() const noexcept { return pBuffer; }
   /// The same, as unsigned bytes.
-  operator unsigned char*() const noexcept { return reinterpret_cast<unsigned char*>(pBuffer); }
+  QUELMCL_POINTER_CONVERSION operator unsigned char*() const noexcept
+  {
+    return reinterpret_cast<unsigned char*>(pBuffer);
+  }
   /// The same, as signed bytes.
-  operator signed char*() const noexcept { return reinterpret_cast<signed char*>(pBuffer); }
+  QUELMCL_POINTER_CONVERSION operator signed char*() const noexcept { return reinterpret_cast<signed char*>(pBuffer); }
+
+  /// The whole text, NUL bytes included, as any type that is made from a pointer and a length:
+  /// `text.as<std::string>()`. (`std::string(text)` goes through the pointer and ends at the first NUL.)
+  template <class Text>
+  Text as() const
+  {
+    return Text(static_cast<const char*>(pBuffer), std::size_t{length()});
+  }
 
   /// The number of bytes.
   unsigned length() const noexcept { return buffer()->length(); }
@@ -208,6 +244,20 @@ public:
   /// past the end gives `len` pad characters, a `len` of 0 the empty string. One allocation, one copy; none when
   /// empty.
   IString subString(unsigned startPos, unsigned len, char padCharacter = ' ') const;
+  /// @}
+
+  /// @name Iteration
+  /// Over the bytes, each once, NUL bytes included. They are for reading, so that no loop gives the string a private
+  /// copy of a shared text; they live as the pointers do.
+  /// @{
+  using value_type = char;
+  using const_iterator = const char*;
+  const char* begin() const noexcept { return pBuffer; }
+  const char* end() const noexcept { return pBuffer + length(); }
+  const char* cbegin() const noexcept { return begin(); }
+  const char* cend() const noexcept { return end(); }
+  /// The range of the characters, each of one or several bytes. Include istrchar.hpp (or quelmcl.hpp) to use it.
+  inline quelmcl::Characters characters() const noexcept;
   /// @}
 
   /// @name Questions about the whole text
@@ -260,6 +310,13 @@ public:
   unsigned indexOf(const char* pString, unsigned startPos = 1) const;
   unsigned indexOf(char aCharacter, unsigned startPos = 1) const;
   unsigned indexOf(const IStringTest& aTest, unsigned startPos = 1) const;
+  // One byte is a character: the rules for those of several bytes look at a NUL behind it, which a view need not have.
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, unsigned> indexOf(const Text& text, unsigned startPos = 1) const
+  {
+    return text.size() == 1 ? indexOf(*text.data(), startPos)
+                            : buffer()->indexOf(text.data(), quelmcl::detail::checkedLength(text.size()), startPos);
+  }
 
   /// The first byte that is not in the set, is not the character, or fails the test.
   unsigned indexOfAnyBut(const IString& validChars, unsigned startPos = 1) const;
@@ -278,6 +335,13 @@ public:
   unsigned lastIndexOf(const char* pString, unsigned startPos = quelmcl::detail::allOfIt) const;
   unsigned lastIndexOf(char aCharacter, unsigned startPos = quelmcl::detail::allOfIt) const;
   unsigned lastIndexOf(const IStringTest& aTest, unsigned startPos = quelmcl::detail::allOfIt) const;
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, unsigned> lastIndexOf(const Text& text,
+                                                               unsigned startPos = quelmcl::detail::allOfIt) const
+  {
+    return text.size() == 1 ? lastIndexOf(*text.data(), startPos)
+                            : buffer()->lastIndexOf(text.data(), quelmcl::detail::checkedLength(text.size()), startPos);
+  }
 
   /// The last byte at or before `startPos` that is not in the set, is not the character, or fails the test.
   unsigned lastIndexOfAnyBut(const IString& validChars, unsigned startPos = quelmcl::detail::allOfIt) const;
@@ -297,6 +361,12 @@ public:
   unsigned occurrencesOf(const char* pString, unsigned startPos = 1) const;
   unsigned occurrencesOf(char aCharacter, unsigned startPos = 1) const;
   unsigned occurrencesOf(const IStringTest& aTest, unsigned startPos = 1) const;
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, unsigned> occurrencesOf(const Text& text, unsigned startPos = 1) const
+  {
+    return text.size() == 1 ? occurrencesOf(*text.data(), startPos)
+                            : occurrencesOf(text.data(), quelmcl::detail::checkedLength(text.size()), startPos);
+  }
   /// @}
 
   /// @name Editing
@@ -506,6 +576,11 @@ public:
   /// Appends. An empty argument changes nothing, the shared buffer included; any other builds a new text each time.
   IString& operator+=(const IString& aString);
   IString& operator+=(const char* pString);
+  template <class Text>
+  quelmcl::detail::ForStandardText<Text, IString&> operator+=(const Text& text)
+  {
+    return appendBytes(text.data(), quelmcl::detail::checkedLength(text.size()));
+  }
 
   /// A copy of this text, every byte combined with one of the argument, which is repeated as often as needed. The
   /// length stays; an empty argument changes nothing.
@@ -525,6 +600,18 @@ public:
   /// A new string of the same length, every bit turned over.
   IString operator~() const;
   /// @}
+
+  /// A number made of all bytes of the text: equal texts have equal ones. It is the same within a process only. Linear
+  /// in the text.
+  std::size_t hash() const noexcept { return hashOf(pBuffer, length()); }
+  /// The same for `length` bytes at `text`, which may be null when there are none.
+  static std::size_t hashOf(const char* text, unsigned length) noexcept;
+
+  /// Writes the text in quotes, as it would stand in source code: NUL bytes and other control characters become
+  /// escapes, the bytes of characters beyond ASCII stay. For messages about texts, such as those of tests.
+  std::ostream& writeQuoted(std::ostream& aStream) const;
+  /// GoogleTest shows strings with this.
+  friend void PrintTo(const IString& text, std::ostream* aStream) { text.writeQuoted(*aStream); }
 
   /// The next line of the stream: what stands before `delimiter`, which is taken out of the stream, or before its
   /// end. Empty when there is nothing left to read; the state of the stream tells. May hold NUL bytes. Throws only
@@ -598,6 +685,16 @@ private:
   char* pBuffer;
 
   static char* nullBuffer;
+
+#ifdef __cpp_lib_string_view
+public:
+  /// The whole text as a view (C++17), NUL bytes included. It ends as the pointers do. No template: with one,
+  /// clang 14 never comes to an end with the wrong expression `delete text`.
+  operator std::string_view() const noexcept
+  {
+    return std::string_view(pBuffer, length());
+  }
+#endif
 };
 
 /// Writes the text up to its first NUL byte, as the stream writes a C text: width and fill are obeyed.
@@ -681,5 +778,11 @@ QUELMCL_COMPARE_WRITABLE(>)
 QUELMCL_COMPARE_WRITABLE(>=)
 #undef QUELMCL_COMPARE_WRITABLE
 /// @}
+
+#undef QUELMCL_POINTER_CONVERSION
+
+// What stands beside the class needs it complete.
+#include <quelmcl/istrhash.hpp>
+#include <quelmcl/istrord.hpp>
 
 #endif

@@ -1,5 +1,7 @@
 /// @file quelmcl.hpp
-/// Everything the Quelm Class Library offers. A program that uses a few classes only includes their headers instead.
+/// Everything the Quelm Class Library offers, but for the bridges to libraries that it does not need itself: iformat.hpp
+/// (std::format), ilibfmt.hpp (libfmt) and istdexcp.hpp (standard exceptions) are included by those who use them. A
+/// program that uses a few classes only includes their headers instead.
 #ifndef QUELMCL_QUELMCL_HPP
 #define QUELMCL_QUELMCL_HPP
 
@@ -19,8 +21,13 @@
 #include <quelmcl/iplatfrm.hpp>
 #include <quelmcl/istartup.hpp>
 #include <quelmcl/istparse.hpp>
+#include <quelmcl/istrchar.hpp>
 #include <quelmcl/istrenum.hpp>
+#include <quelmcl/istrhash.hpp>
 #include <quelmcl/istring.hpp>
+#include <quelmcl/istrlit.hpp>
+#include <quelmcl/istrord.hpp>
+#include <quelmcl/istrstd.hpp>
 #include <quelmcl/istrtest.hpp>
 #include <quelmcl/itime.hpp>
 #include <quelmcl/itrace.hpp>

@@ -252,6 +252,39 @@ IString IString::lineFrom(std::istream& aStream, char delimiter)
   return IString(line.data(), line.size());
 }
 
+namespace {
+
+char octalDigit(unsigned value)
+{
+  return static_cast<char>('0' + (value & 7));
+}
+
+/// Writes one byte of a quoted text. An escape has three octal digits, so that a digit behind it stays a digit.
+void writeEscaped(std::ostream& stream, char byte)
+{
+  const unsigned value = static_cast<unsigned char>(byte);
+  if (byte == '\n')
+    stream.write("\\n", 2);
+  else if (byte == '\t')
+    stream.write("\\t", 2);
+  else if (byte == '"' || byte == '\\')
+    stream.put('\\').put(byte);
+  else if (value < 0x20 || value == 0x7F)
+    stream.put('\\').put(octalDigit(value >> 6)).put(octalDigit(value >> 3)).put(octalDigit(value));
+  else
+    stream.put(byte);
+}
+
+}  // namespace
+
+std::ostream& IString::writeQuoted(std::ostream& aStream) const
+{
+  aStream.put('"');
+  for (const char byte : *this)
+    writeEscaped(aStream, byte);
+  return aStream.put('"');
+}
+
 // ---- debug text ----
 
 IString IString::asDebugInfo() const

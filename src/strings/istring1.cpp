@@ -7,6 +7,8 @@
 #include "kernels/wildcard.hpp"
 
 #include <cstring>
+#include <functional>
+#include <string_view>
 
 // ---- comparison ----
 
@@ -123,6 +125,11 @@ int operator>(const char* left, const IString& right)
 int operator>=(const char* left, const IString& right)
 {
   return right <= left;
+}
+
+std::size_t IString::hashOf(const char* text, unsigned length) noexcept
+{
+  return std::hash<std::string_view>()(std::string_view(text, length));
 }
 
 // ---- questions that the buffer answers ----

@@ -79,7 +79,7 @@ check_warnings() { # STANDARD
   printf '%s %s: %d expressions are to be warned of\n' "$compiler" "$1" "$count"
 }
 
-for standard in c++11 c++20; do
+for standard in c++11 c++14 c++17 c++20 c++2b; do
   if ! control=$(compile 0 -std=$standard -Wall -Wextra -pedantic-errors -Werror); then
     fail "$standard: the control does not compile, so nothing can be learned from the cases"
     printf '%s\n' "$control"

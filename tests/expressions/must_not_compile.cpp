@@ -20,6 +20,8 @@
 void takesTruth(bool);
 void takesNumber(int);
 void takesWritable(IString&);
+void takesString(const IString&);
+void takesStandard(const std::string&);
 
 // A case is one line: the runner looks for its diagnostic there.
 // clang-format off
@@ -182,6 +184,35 @@ void forbidden(IString s, IString t, const IString c, char* b, const char* p, in
 #endif
 #if FORBID(603)
   { IString x((void*)p); }
+#endif
+
+  // Strings and the standard library's turn into one another only where they are told to, and no loop writes.
+#if FORBID(801)
+  { std::string str = s; }
+#endif
+#if FORBID(802)
+  { IString x = std::string("x"); }
+#endif
+#if FORBID(803)
+  takesString(std::string("x"));
+#endif
+#if FORBID(804)
+  takesStandard(s);
+#endif
+#if FORBID(805)
+  *s.begin() = 'x';
+#endif
+#if FORBID(806)
+  for (char& byte : s) byte = 'x';
+#endif
+#if FORBID(807)
+  static_cast<void>(s == std::wstring());
+#endif
+#if FORBID(808)
+  s += std::wstring();
+#endif
+#if FORBID(809)
+  static_cast<void>(5 == std::string("5"));
 #endif
 
   // Say IString::lineFrom, cout << s, a named string, a string that is not constant.

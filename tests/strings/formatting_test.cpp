@@ -1,0 +1,47 @@
+// formatting_test.cpp - strings in std::format and in libfmt, where these exist: the whole text, with fill, alignment, width and
+// precision.
+#include <quelmcl/iformat.hpp>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#if __has_include(<fmt/format.h>)
+#  define FMT_HEADER_ONLY
+#  include <quelmcl/ilibfmt.hpp>
+#endif
+
+namespace {
+
+TEST(StandardFormat, TakesStringsLikeViews)
+{
+#ifdef __cpp_lib_format
+  const IString text("abc");
+  EXPECT_EQ(std::format("{}", text), "abc");
+  EXPECT_EQ(std::format("{:>6}|{:<6}|{:*^7}", text, text, text), "   abc|abc   |**abc**");
+  EXPECT_EQ(std::format("{:.2}", text), "ab");
+  EXPECT_EQ(std::format("{:{}.{}}|", text, 5, 1), "a    |");
+  EXPECT_EQ(std::format("{:5}|", I0String("abc")), "abc  |");
+  EXPECT_EQ(std::format("{}", IString("a\0b", 3)), std::string("a\0b", 3));
+#else
+  GTEST_SKIP() << "this standard library has no std::format";
+#endif
+}
+
+TEST(LibFmt, TakesStringsLikeViews)
+{
+#ifdef FMT_VERSION
+  const IString text("abc");
+  EXPECT_EQ(fmt::format("{}", text), "abc");
+  EXPECT_EQ(fmt::format("{:>6}|{:<6}|{:*^7}", text, text, text), "   abc|abc   |**abc**");
+  EXPECT_EQ(fmt::format("{:.2}", text), "ab");
+  EXPECT_EQ(fmt::format("{:{}.{}}|", text, 5, 1), "a    |");
+  EXPECT_EQ(fmt::format("{:5}|", I0String("abc")), "abc  |");
+  EXPECT_EQ(fmt::format("{}", IString("a\0b", 3)), std::string("a\0b", 3));
+  EXPECT_EQ(fmt::format("{} {}", text.word(1), 5), "abc 5");
+#else
+  GTEST_SKIP() << "libfmt is not installed (Debian's package libfmt-dev)";
+#endif
+}
+
+}  // namespace
