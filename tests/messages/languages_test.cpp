@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fstream>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -173,6 +174,23 @@ TEST(CatalogLanguage, IsTheOneOfExceptionTexts)
     EXPECT_STREQ(failure.text(0), "Se ha pedido un carácter en una posición fuera del texto.");
   }
   IBase::setMessageFile(previous.c_str());
+}
+
+// docs/catalogs.md shows one message in every language.
+TEST(CatalogLanguage, IsAsTheDocumentsShow)
+{
+  const Setting path("NLSPATH", ownFolder);
+  std::ifstream page(QUELMCL_TEST_MESSAGES "/../docs/catalogs.md");
+  int rows = 0;
+  for (std::string line; std::getline(page, line);) {
+    const std::size_t column = line.find(" | ");
+    if (line.compare(0, 3, "| `") != 0 || column == std::string::npos || line.compare(0, 8, "| `LANG`") == 0)
+      continue;
+    const Setting lang("LANG", line.substr(3, line.find('`', 3) - 3).c_str());
+    EXPECT_EQ(line.substr(column + 3), IMessageText(1011, "quelmcl.cat").text() + std::string(" |"));
+    ++rows;
+  }
+  EXPECT_EQ(rows, 5);
 }
 
 TEST(CatalogLanguage, HasTheVariablesFilledIn)
