@@ -30,7 +30,8 @@ public:
   /// 7FFFFFFF.
   IString asDebugInfo() const;
 
-  /// The library's version: major 310, minor 2.
+  /// The version of the library that the program runs with. The macros of idefs.hpp are that of the headers with which
+  /// it was compiled.
   static Version version() noexcept;
 
   /// A message of the library's catalog (set 1), its variables %1 to %9 replaced by the texts given, up to the first

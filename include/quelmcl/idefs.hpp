@@ -3,9 +3,14 @@
 #ifndef QUELMCL_IDEFS_HPP
 #define QUELMCL_IDEFS_HPP
 
-/// The version that IBase::version() answers, for the preprocessor.
+/// The version of these headers, for the preprocessor. IBase::version() answers that of the library which the program
+/// has met at run time: the same major number, and the same minor number or a later one. This is the one place where
+/// the version is stated; the build reads it here.
 #define QUELMCL_VERSION_MAJOR 310
 #define QUELMCL_VERSION_MINOR 2
+
+/// Both as one number that grows with every version, for comparisons: `#if QUELMCL_VERSION >= 310003`.
+#define QUELMCL_VERSION (QUELMCL_VERSION_MAJOR * 1000 + QUELMCL_VERSION_MINOR)
 
 /// Marks what the shared library offers to others: everything else in it stays hidden. Exported classes carry their
 /// type information with them, so that they can be thrown, caught and derived from across library borders. The same

@@ -46,6 +46,21 @@ TEST(LibraryVersion, IsKnownToThePreprocessorToo)
   EXPECT_EQ(IBase::version().minor, QUELMCL_VERSION_MINOR);
 }
 
+TEST(LibraryVersion, IsOneNumberForComparisons)
+{
+  EXPECT_EQ(QUELMCL_VERSION, IBase::version().major * 1000 + IBase::version().minor);
+#if QUELMCL_VERSION < 310002 || QUELMCL_VERSION >= 311000
+  ADD_FAILURE() << "the preprocessor compares it otherwise";
+#endif
+}
+
+// The build names libraries and packages by it.
+TEST(LibraryVersion, IsTheOneOfTheBuild)
+{
+  const IBase::Version version = IBase::version();
+  EXPECT_EQ(std::to_string(version.major) + "." + std::to_string(version.minor), QUELMCL_TEST_PROJECT_VERSION);
+}
+
 TEST(BaseSeverities, AreThoseOfTheExceptions)
 {
   EXPECT_EQ(static_cast<int>(IBase::unrecoverable), 0);

@@ -2,7 +2,7 @@
 # check.sh - installs the library and uses it as a stranger would: with CMake, with pkg-config, moved elsewhere, as a part of another
 # project, and in the ways that must be refused.
 # usage: check.sh CHECK --source DIR --build DIR --work DIR --kind shared|static --width 32|64 --libdir DIR
-#                 --cmake PROGRAM --generator NAME --compiler PROGRAM --flags "FLAG..."
+#                 --version MAJOR.MINOR --cmake PROGRAM --generator NAME --compiler PROGRAM --flags "FLAG..."
 set -euo pipefail
 export LC_ALL=C
 # An installed library must be found by what it installed, not by what the caller's shell happens to say.
@@ -16,6 +16,7 @@ while [ $# -gt 1 ]; do
   shift 2
 done
 source=${given[source]} build=${given[build]} work=${given[work]} kind=${given[kind]} width=${given[width]}
+version=${given[version]} major=${given[version]%%.*} minor=${given[version]#*.}
 cmake=${given[cmake]} compiler=${given[compiler]} flags=${given[flags]}
 consumer=$source/tests/install/consumer
 prefix=$work/prefix
@@ -53,22 +54,27 @@ configure() { # BUILD SOURCE FLAGS [OPTION...]
 
 # The program prints a text, its length, the library's version, and the ids of two errors with their messages from the catalog. The
 # second is one only if the library's start-up object is there, which a static link must not have lost.
-expected_output='HELLO 5
-version 310.2
+expected_output="HELLO 5
+version $version
 1011: A character was asked for at a position outside of the text.
-4: The memory is exhausted: there is no room for what was to be stored.'
+4: The memory is exhausted: there is no room for what was to be stored."
 
 must_print_the_expected() { # PROGRAM NLSPATH
   local output
   output=$(NLSPATH=$2 "$1" 2>"$work/stderr") || fail "$1 ended with status $?: $(cat "$work/stderr")"
   [ "$output" = "$expected_output" ] || fail "$1 printed: $output"
-  # A language without a catalog gets the English texts.
-  output=$(LC_ALL='' LANG=xx_YY.UTF-8 NLSPATH=$2 "$1" 2>/dev/null)
-  [ "$output" = "$expected_output" ] || fail "$1 in an unknown language printed: $output"
+  # A language without a catalog gets the English texts; so do those that have no translation yet.
+  local lang
+  for lang in xx_YY.UTF-8 POSIX en_GB.UTF-8; do
+    output=$(LC_ALL='' LANG=$lang NLSPATH=$2 "$1" 2>/dev/null)
+    [ "$output" = "$expected_output" ] || fail "$1 with LANG=$lang printed: $output"
+  done
+  output=$(LC_ALL='' LANG=de_AT.UTF-8 NLSPATH=$2 "$1" 2>/dev/null)
+  grep -qF '1011: Es wurde ein Zeichen an einer Stelle außerhalb des Textes verlangt.' <<<"$output" || fail "$1 in German printed: $output"
 }
 
 needs_shared_library() { # PROGRAM
-  readelf -d "$1" | grep -qF 'Shared library: [libquelmcl.so.310]'
+  readelf -d "$1" | grep -qF "Shared library: [libquelmcl.so.$major]"
 }
 
 must_be_of_kind() { # PROGRAM shared|static
@@ -94,7 +100,7 @@ with_pkg_config() { # PREFIX KIND
   local program=$work/with-pkg-config-$2 options=(--cflags --libs) words
   export PKG_CONFIG_PATH=$1/${given[libdir]}/pkgconfig
   [ "$2" = shared ] || options+=(--static)
-  [ "$(pkg-config --modversion quelmcl)" = 310.2 ] || fail "pkg-config knows another version"
+  [ "$(pkg-config --modversion quelmcl)" = "$version" ] || fail "pkg-config knows another version"
   words=$(pkg-config "${options[@]}" quelmcl) || fail "pkg-config does not know quelmcl"
   # Both lists are words for the shell, without quotes in them.
   # shellcheck disable=SC2086
@@ -111,19 +117,24 @@ check_tree() {
   install_to "$prefix"
   local lib=$prefix/${given[libdir]} file
   diff -r "$source/include/quelmcl" "$prefix/include/quelmcl" || fail "the installed headers differ from the source"
-  for file in share/locale/{C,en}/LC_MESSAGES/quelmcl.cat share/doc/quelmcl/{README.md,LICENSE,CHANGELOG.md}; do
+  for file in share/locale/{C,POSIX,en,it,zh}/LC_MESSAGES/quelmcl.cat share/doc/quelmcl/{README.md,LICENSE,CHANGELOG.md}; do
     [ -s "$prefix/$file" ] || fail "not installed: $file"
+  done
+  for file in "$source"/messages/quelmcl.*.msg; do
+    file=${file##*/quelmcl.}
+    [ -s "$prefix/share/locale/${file%.msg}/LC_MESSAGES/quelmcl.cat" ] || fail "not installed: the catalog for ${file%.msg}"
   done
   if grep -rlF -e "$prefix" -e "$source" -e "$build" "$lib/cmake" "$lib/pkgconfig" "$prefix/share"; then
     fail "these files name the folder they were made in"
   fi
   [ "$kind" = shared ] || { [ -s "$lib/libquelmcl.a" ] || fail "not installed: libquelmcl.a"; return 0; }
 
-  [ "$(readlink "$lib/libquelmcl.so")" = libquelmcl.so.310 ] || fail "libquelmcl.so is not a link to libquelmcl.so.310"
-  [ "$(readlink "$lib/libquelmcl.so.310")" = libquelmcl.so.310.2 ] || fail "libquelmcl.so.310 is not a link to libquelmcl.so.310.2"
+  [ "$(readlink "$lib/libquelmcl.so")" = "libquelmcl.so.$major" ] || fail "libquelmcl.so is not a link to libquelmcl.so.$major"
+  [ "$(readlink "$lib/libquelmcl.so.$major")" = "libquelmcl.so.$version" ] ||
+    fail "libquelmcl.so.$major is not a link to libquelmcl.so.$version"
   local dynamic
   dynamic=$(readelf -dW "$lib/libquelmcl.so")
-  for file in 'soname: \[libquelmcl.so.310\]' 'NODELETE' 'BIND_NOW'; do
+  for file in "soname: \\[libquelmcl.so.$major\\]" 'NODELETE' 'BIND_NOW'; do
     grep -q "$file" <<<"$dynamic" || fail "the shared library lacks: $file"
   done
   if grep -E 'R(UN)?PATH' <<<"$dynamic"; then fail "the shared library carries a search path"; fi
@@ -151,11 +162,12 @@ check_refusals() {
   [ "$kind" = static ] || other_kind=static
   local here=("-DCMAKE_PREFIX_PATH=$prefix")
 
-  for version in 309 311 310.3; do
-    must_fail_saying "$prefix/${given[libdir]}/cmake/quelmcl/quelmcl-config.cmake, version: 310.2" \
-      configure "$work/version-$version" "$consumer" "$flags" "${here[@]}" "-DQUELMCL_WANTED_VERSION=$version"
+  local wanted
+  for wanted in $((major - 1)) $((major + 1)) "$major.$((minor + 1))"; do
+    must_fail_saying "$prefix/${given[libdir]}/cmake/quelmcl/quelmcl-config.cmake, version: $version" \
+      configure "$work/version-$wanted" "$consumer" "$flags" "${here[@]}" "-DQUELMCL_WANTED_VERSION=$wanted"
   done
-  must_fail_saying "version: 310.2 (${width}bit)" \
+  must_fail_saying "version: $version (${width}bit)" \
     configure "$work/other-width" "$consumer" "-m$other_width" "${here[@]}"
   must_fail_saying "component \"$other_kind\" is not installed" \
     configure "$work/other-kind" "$consumer" "$flags" "${here[@]}" "-DQUELMCL_COMPONENT=$other_kind"
