@@ -10,7 +10,6 @@
 
 #include <ctype.h>
 
-#include <chrono>
 #include <string>
 #include <vector>
 
@@ -429,6 +428,7 @@ TEST_F(StringSearchOnRandomTexts, FindsPiecesOfTextsOfAllSorts)
 // ---------------------------------------------------------------------------------------------------------------------
 // Cost
 
+// Anything quadratic would not end before the time that a test is given.
 TEST(StringSearch, IsNotQuadraticForNeedlesThatAlmostMatch)
 {
   constexpr unsigned half = 1u << 19;
@@ -436,14 +436,12 @@ TEST(StringSearch, IsNotQuadraticForNeedlesThatAlmostMatch)
   const IString endsOtherwise = made(std::string(half, 'a') + "b");
   const IString beginsOtherwise = made("b" + std::string(half, 'a'));
   const IString differsInTheMiddle = made(std::string(half / 2, 'a') + "b" + std::string(half / 2, 'a'));
-  const auto start = std::chrono::steady_clock::now();
   for (const IString& needle : {endsOtherwise, beginsOtherwise, differsInTheMiddle}) {
     EXPECT_EQ(text.indexOf(needle), 0u);
     EXPECT_EQ(text.lastIndexOf(needle), 0u);
     EXPECT_EQ(text.occurrencesOf(needle), 0u);
     EXPECT_TRUE(shareText(IString::change(text, needle, "x"), text));
   }
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
 TEST(StringSearch, OfAPeriodicNeedleFindsItsOccurrences)
