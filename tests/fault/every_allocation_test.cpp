@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <ctime>
 #include <new>
 #include <ostream>
 #include <string>
@@ -195,6 +196,7 @@ unsigned long failEach(const Operation& operation, const Circumstances& when)
     const AllocationWatch newBlocks;
     const MallocWatch mallocBlocks;
     const unsigned long failures = failOnce(operation, nth, when, done);
+    tzset();  // the C library notes the name of its time zone again, if it could not when it wanted to
     if (testing::Test::HasFailure())
       return nth;
     EXPECT_EQ(newBlocks.liveBlocks(), 0) << "blocks are lost";
@@ -205,11 +207,13 @@ unsigned long failEach(const Operation& operation, const Circumstances& when)
   }
 }
 
-/// What the process keeps from the first use on is none of a failure's loss.
+/// What the process keeps from the first use of something on, or from the first report of an exhausted heap, is nobody's loss.
 void warmUp(const Operation& operation)
 {
   for (const Sharing sharing : {alone, shared})
     descriptionAfter(operation, sharing);
+  World world(alone);
+  runFailing(stringOperations.front(), world, 1, {alone, true, FailingAllocations::andAllLater, operatorNew});
 }
 
 template <class Scope>

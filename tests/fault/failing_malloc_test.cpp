@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -75,16 +76,21 @@ TEST_F(FailingMallocScope, FailsOperatorNewAsWell)
 
 TEST_F(FailingMallocScope, LeavesABlockThatCannotBecomeLarger)
 {
-  void* const block = std::malloc(10);
-  std::strcpy(static_cast<char*>(block), "text");
-  bool isLarger = true;
+  std::FILE* const file = std::tmpfile();
+  ASSERT_NE(file, nullptr);
+  std::fputs("a line that is longer than the block", file);
+  std::rewind(file);
+  std::size_t size = 4;
+  char* line = static_cast<char*>(std::malloc(size));
+  long length = 0;
   {
     const FailingMalloc scope(1);
-    isLarger = std::realloc(block, 100000) != nullptr;
+    length = getline(&line, &size, file);  // asks for a larger block, and keeps the one it has
   }
-  ASSERT_FALSE(isLarger);
-  EXPECT_STREQ(static_cast<const char*>(block), "text");
-  std::free(block);
+  EXPECT_EQ(length, -1);
+  EXPECT_EQ(size, 4u);
+  std::free(line);
+  std::fclose(file);
 }
 
 TEST_F(FailingMallocScope, CountsWhatIsAlive)

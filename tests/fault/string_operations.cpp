@@ -127,7 +127,7 @@ const std::vector<Operation> stringOperations = {
   {"StringStripLeading", strong, [](World& w) { w.words.text.stripLeading(" a"); }},
   {"StringStripTrailing", strong, [](World& w) { w.words.text.stripTrailing(); }},
   {"StringTranslate", strongOrQuiet, [](World& w) { w.words.text.translate("abg", w.set); }},
-  {"StringTranslateByPadding", strongOrQuiet, [](World& w) { w.words.text.translate(w.words.text, "", '.'); }},
+  {"StringTranslateByPadding", strongOrQuiet, [](World& w) { w.words.text.translate(w.set, "", '.'); }},
   {"StringUpperCase", strongOrQuiet, [](World& w) { w.words.text.upperCase(); }},
   // the static forms
   {"StaticCenter", strong, [](World& w) { w.result = IString::center(w.words.text, 80); }},
