@@ -207,13 +207,12 @@ unsigned long failEach(const Operation& operation, const Circumstances& when)
   }
 }
 
-/// What the process keeps from the first use of something on, or from the first report of an exhausted heap, is nobody's loss.
+/// What the process keeps from the first use of something on is nobody's loss.
 void warmUp(const Operation& operation)
 {
+  tzset();
   for (const Sharing sharing : {alone, shared})
     descriptionAfter(operation, sharing);
-  World world(alone);
-  runFailing(stringOperations.front(), world, 1, {alone, true, FailingAllocations::andAllLater, operatorNew});
 }
 
 template <class Scope>

@@ -50,6 +50,9 @@ const std::vector<Operation> textOperations = {
   {"ManyBytesToDecimal", strong, [](World& w) { w.manyBytes.text.c2d(); }},
   {"StaticBytesToHexadecimal", strong, [](World& w) { w.result = IString::c2x(w.bytes.text); }},
   {"StaticDecimalToBinary", strong, [](World& w) { w.result = IString::d2b(w.digits.text); }},
+  {"StaticBytesToDecimal", strong, [](World& w) { w.result = IString::c2d(w.bytes.text); }},
+  {"StaticHexadecimalToDecimal", strong, [](World& w) { w.result = IString::x2d(w.hexDigits.text); }},
+  {"StaticBinaryToHexadecimal", strong, [](World& w) { w.result = IString::b2x(w.binaryDigits.text); }},
   {"NoDigitsToBytes", needsNone, [](World& w) { w.words.text.x2c(); }},
   // templates: variables reached before the failure have changed
   {"TemplateOfVariables", basic, [](World& w) { w.words.text >> w.first >> w.second >> w.third; }},
