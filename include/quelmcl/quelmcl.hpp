@@ -19,6 +19,7 @@
 #include <quelmcl/iplatfrm.hpp>
 #include <quelmcl/istartup.hpp>
 #include <quelmcl/istparse.hpp>
+#include <quelmcl/istrbld.hpp>
 #include <quelmcl/istrenum.hpp>
 #include <quelmcl/istring.hpp>
 #include <quelmcl/istrtest.hpp>

@@ -6,6 +6,7 @@
 #include <quelmcl/istring.hpp>
 
 #include "buffers/kinds.hpp"
+#include "buffers/pieces.hpp"
 #include "exceptions/throwing.hpp"
 #include "foundation/address.hpp"
 
@@ -26,7 +27,8 @@ namespace {
 
 enum Message : unsigned long { lengthOverflow = 1010 };
 
-constexpr unsigned longestText = 4294967274u;
+using quelmcl::detail::longestText;
+
 constexpr unsigned largestLength = 4294967295u;
 
 bool localeIsMultiByte()
@@ -117,19 +119,9 @@ IBuffer* IBuffer::newBuffer(const void* p1, unsigned len1, const void* p2, unsig
     return null()->addRef();
 
   IBuffer* const result = allocate(total);
-  char* end = result->contents();
-  const auto append = [&end, padCharacter](const void* piece, unsigned length) {
-    if (length == 0)
-      return;
-    if (piece == nullptr)
-      std::memset(end, padCharacter, length);
-    else
-      std::memcpy(end, piece, length);
-    end += length;
-  };
-  append(p1, len1);
-  append(p2, len2);
-  append(p3, len3);
+  char* end = quelmcl::detail::writePiece(result->contents(), p1, len1, padCharacter);
+  end = quelmcl::detail::writePiece(end, p2, len2, padCharacter);
+  quelmcl::detail::writePiece(end, p3, len3, padCharacter);
   return result;
 }
 
