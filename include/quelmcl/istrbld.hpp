@@ -43,8 +43,8 @@ template <class Text>
 struct IsStandardText<
   Text, typename std::enable_if<
           std::is_same<typename Text::traits_type::char_type, char>::value &&
-          std::is_same<decltype(static_cast<const Text*>(nullptr)->data()), const char*>::value &&
-          std::is_same<decltype(static_cast<const Text*>(nullptr)->size()), typename Text::size_type>::value>::type>
+          std::is_same<decltype(std::declval<const Text&>().data()), const char*>::value &&
+          std::is_same<decltype(std::declval<const Text&>().size()), typename Text::size_type>::value>::type>
   : std::true_type {
 };
 
