@@ -70,13 +70,6 @@ private:
   unsigned ready;
 };
 
-/// Before the first piece of a text that most often has one only: nothing is kept in reserve then.
-void takeExactly(IStringBuilder& text, unsigned length)
-{
-  if (text.length() == 0)
-    text.reserve(length);
-}
-
 unsigned longestWord(std::streamsize width)
 {
   constexpr std::uint64_t unlimited = quelmcl::detail::allOfIt;
@@ -99,7 +92,8 @@ void appendToWord(IStringBuilder& word, std::istream& stream, unsigned mostBytes
     word.append(static_cast<char>(stream.get()));
     return;
   }
-  takeExactly(word, length);
+  if (word.length() == 0)
+    word.reserve(length);  // most words are ready whole, and need no more
   word.append(ready.begin(), length);
   ready.take(length);
 }
@@ -309,15 +303,17 @@ IString IString::lineFrom(std::istream& aStream, char delimiter)
   for (char next; aStream.get(next) && next != delimiter;) {
     const ReadyInput ready(aStream, quelmcl::detail::allOfIt);
     const char* const end = static_cast<const char*>(std::memchr(ready.begin(), delimiter, ready.length()));
-    const unsigned length = end == nullptr ? ready.length() : static_cast<unsigned>(end - ready.begin());
-    if (end != nullptr)
-      takeExactly(line, length + 1);
+    const bool isLast = end != nullptr;
+    const unsigned length = isLast ? static_cast<unsigned>(end - ready.begin()) : ready.length();
+    if (isLast && line.length() == 0) {  // as nearly always; no builder's reserve is needed then
+      IString whole(&next, 1u, ready.begin(), length);
+      ready.take(length + 1);
+      return whole;
+    }
     line.append(&next, 1u, ready.begin(), length);
-    ready.take(length);
-    if (end == nullptr)
-      continue;
-    ready.take(1);
-    break;
+    ready.take(isLast ? length + 1 : length);
+    if (isLast)
+      break;
   }
   return line.handOver();
 }
