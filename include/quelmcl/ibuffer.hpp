@@ -210,6 +210,8 @@ protected:
   char data[1];  // the text goes on behind the record, in the same block
 
 private:
+  friend class IStringBuilder;  // makes the length of a block that of the text it has built in it
+
   // Plain loads and stores on every processor of this library, but no data race when threads copy empty strings at
   // once.
   void setUseCount(unsigned count) noexcept { __atomic_store_n(&refs, count, __ATOMIC_RELAXED); }

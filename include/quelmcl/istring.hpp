@@ -573,7 +573,8 @@ public:
   /// A new string: this text and then the other. Cost: one allocation.
   IString operator+(const IString& aString) const;
   IString operator+(const char* pString) const;
-  /// Appends. An empty argument changes nothing, the shared buffer included; any other builds a new text each time.
+  /// Appends. An empty argument changes nothing, the shared buffer included; any other builds a new text each time. To
+  /// build a text of many pieces use an IStringBuilder.
   IString& operator+=(const IString& aString);
   IString& operator+=(const char* pString);
   template <class Text>
@@ -615,7 +616,7 @@ public:
 
   /// The next line of the stream: what stands before `delimiter`, which is taken out of the stream, or before its
   /// end. Empty when there is nothing left to read; the state of the stream tells. May hold NUL bytes. Throws only
-  /// for lack of storage.
+  /// for lack of storage. Reads what the stream holds ready in one go.
   static IString lineFrom(std::istream& aStream, char delimiter = '\n');
 
 protected:
@@ -663,6 +664,7 @@ protected:
 
 private:
   friend class IBuffer;
+  friend class IStringBuilder;
   explicit IString(IBuffer* owned) noexcept : pBuffer(owned->contents()) {}
 
   static char* placeholder();

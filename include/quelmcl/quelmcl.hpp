@@ -21,6 +21,7 @@
 #include <quelmcl/iplatfrm.hpp>
 #include <quelmcl/istartup.hpp>
 #include <quelmcl/istparse.hpp>
+#include <quelmcl/istrbld.hpp>
 #include <quelmcl/istrchar.hpp>
 #include <quelmcl/istrenum.hpp>
 #include <quelmcl/istrhash.hpp>

@@ -6,6 +6,7 @@
 #include <quelmcl/istring.hpp>
 
 #include "buffers/kinds.hpp"
+#include "buffers/pieces.hpp"
 #include "exceptions/throwing.hpp"
 #include "foundation/address.hpp"
 
@@ -26,7 +27,8 @@ namespace {
 
 enum Message : unsigned long { lengthOverflow = 1010 };
 
-constexpr unsigned longestText = 4294967274u;
+using quelmcl::detail::longestText;
+
 constexpr unsigned largestLength = 4294967295u;
 
 bool localeIsMultiByte()
@@ -109,22 +111,6 @@ const char* IBuffer::className() const
   return quelmcl::detail::singleByteKind;
 }
 
-namespace {
-
-/// Writes a piece of a text, pad characters for a null one, and returns where it ends.
-char* appendPiece(char* end, const void* piece, unsigned length, char padCharacter)
-{
-  if (length == 0)
-    return end;
-  if (piece == nullptr)
-    std::memset(end, padCharacter, length);
-  else
-    std::memcpy(end, piece, length);
-  return end + length;
-}
-
-}  // namespace
-
 IBuffer* IBuffer::newBuffer(const void* p1, unsigned len1, const void* p2, unsigned len2, const void* p3, unsigned len3,
                             char padCharacter) const
 {
@@ -133,9 +119,9 @@ IBuffer* IBuffer::newBuffer(const void* p1, unsigned len1, const void* p2, unsig
     return null()->addRef();
 
   IBuffer* const result = allocate(total);
-  char* const end = appendPiece(result->contents(), p1, len1, padCharacter);
+  char* const end = quelmcl::detail::writePiece(result->contents(), p1, len1, padCharacter);
   if (total != len1)
-    appendPiece(appendPiece(end, p2, len2, padCharacter), p3, len3, padCharacter);
+    quelmcl::detail::writePiece(quelmcl::detail::writePiece(end, p2, len2, padCharacter), p3, len3, padCharacter);
   return result;
 }
 

@@ -1,22 +1,25 @@
 // istring0.cpp - IString, life cycle: construction from everything, the copy-on-write step, numbers back from text,
 // streams, debug text. (Digit 0 is always the life cycle: docs/architecture.md)
 // Tests: tests/strings/core_test.cpp, tests/strings/streams_test.cpp
+#include <quelmcl/istrbld.hpp>
 #include <quelmcl/istring.hpp>
 
 #include "foundation/address.hpp"
 #include "foundation/errnoguard.hpp"
+#include "strings/numbertext.hpp"
 
+#include <algorithm>
 #include <cctype>
-#include <charconv>
 #include <clocale>
-#include <cstdio>
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <istream>
-#include <iterator>
 #include <limits>
 #include <locale>
 #include <ostream>
+#include <streambuf>
 #include <string>
 
 namespace {
@@ -37,6 +40,62 @@ bool startsDecimal(const char* text)
     return false;
   const char* const point = std::localeconv()->decimal_point;
   return std::isdigit(static_cast<unsigned char>(*text)) || std::strncmp(text, point, std::strlen(point)) == 0;
+}
+
+/// What a stream holds ready in its stream buffer, to be looked at before it is taken. Empty when the stream buffer keeps
+/// nothing; it has to be asked for one character at a time then.
+class ReadyInput {
+public:
+  ReadyInput(std::istream& stream, unsigned mostBytes) : source(*stream.rdbuf()), first((source.*&Opener::gptr)())
+  {
+    constexpr std::size_t mostTaken = std::numeric_limits<int>::max();
+    const std::size_t held = static_cast<std::size_t>((source.*&Opener::egptr)() - first);
+    ready = static_cast<unsigned>(std::min({held, std::size_t{mostBytes}, mostTaken}));
+  }
+
+  const char* begin() const { return first == nullptr ? "" : first; }
+  unsigned length() const { return ready; }
+  void take(unsigned length) const { (source.*&Opener::gbump)(static_cast<int>(length)); }
+
+private:
+  // Only a class derived from it may name these, but it may then call them on any.
+  struct Opener : std::streambuf {
+    using std::streambuf::egptr;
+    using std::streambuf::gbump;
+    using std::streambuf::gptr;
+  };
+
+  std::streambuf& source;
+  const char* const first;
+  unsigned ready;
+};
+
+unsigned longestWord(std::streamsize width)
+{
+  constexpr std::uint64_t unlimited = quelmcl::detail::allOfIt;
+  const bool isLimited = width > 0 && static_cast<std::uint64_t>(width) <= unlimited;
+  return isLimited ? static_cast<unsigned>(width) - 1 : quelmcl::detail::allOfIt;
+}
+
+bool beginsWord(int next, const std::ctype<char>& characters)
+{
+  return next != std::char_traits<char>::eof() && !characters.is(std::ctype_base::space, static_cast<char>(next));
+}
+
+/// Moves the next bytes of a word, one at least and `mostBytes` at most, from the stream into the text.
+void appendToWord(IStringBuilder& word, std::istream& stream, unsigned mostBytes, const std::ctype<char>& characters)
+{
+  const ReadyInput ready(stream, mostBytes);
+  const char* const end = characters.scan_is(std::ctype_base::space, ready.begin(), ready.begin() + ready.length());
+  const unsigned length = static_cast<unsigned>(end - ready.begin());
+  if (length == 0) {
+    word.append(static_cast<char>(stream.get()));
+    return;
+  }
+  if (word.length() == 0)
+    word.reserve(length);  // most words are ready whole, and need no more
+  word.append(ready.begin(), length);
+  ready.take(length);
 }
 
 }  // namespace
@@ -83,10 +142,8 @@ void IString::initBuffer(const void* p1, unsigned len1, const void* p2, unsigned
 template <class Number>
 void IString::initDigits(Number number)
 {
-  char
-    digits[std::numeric_limits<Number>::digits10 + 2];  // one digit more than any value of as many can have, and a sign
-  const std::to_chars_result end = std::to_chars(std::begin(digits), std::end(digits), number);
-  initBuffer(digits, static_cast<unsigned>(end.ptr - digits));
+  const quelmcl::detail::NumberText digits(number);
+  initBuffer(digits.bytes(), digits.length());
 }
 
 void IString::initBuffer(long number)
@@ -101,10 +158,7 @@ void IString::initBuffer(unsigned long number)
 
 void IString::initBuffer(double number)
 {
-  constexpr int precision = 15;
-  char text[32];  // sign, 15 digits, a decimal point of a few bytes, an exponent
-  const int length = std::snprintf(text, sizeof text, "%.*g", precision, number);
-  initBuffer(text, static_cast<unsigned>(length));
+  initDigits(number);
 }
 
 unsigned IString::lengthOf(const char* text)
@@ -231,25 +285,37 @@ std::ostream& operator<<(std::ostream& aStream, const IString& aString)
 std::istream& operator>>(std::istream& aStream, IString& aString)
 {
   const std::streamsize width = aStream.width(0);
-  std::string word;
+  IStringBuilder word(IString::remove(aString, 1));  // a text of the same kind
   if (const std::istream::sentry prefix(aStream); prefix) {
-    const std::size_t limit = width > 0 ? static_cast<std::size_t>(width) - 1 : std::string::npos;
     const std::locale locale = aStream.getloc();
-    const int endOfFile = std::char_traits<char>::eof();
-    for (int next;
-         word.size() < limit && (next = aStream.peek()) != endOfFile && !std::isspace(static_cast<char>(next), locale);)
-      word += static_cast<char>(aStream.get());
+    const auto& characters = std::use_facet<std::ctype<char>>(locale);
+    const unsigned limit = longestWord(width);
+    while (word.length() < limit && beginsWord(aStream.peek(), characters))
+      appendToWord(word, aStream, limit - word.length(), characters);
   }
-  aString.remove(1) += IString(word.data(), word.size());
+  aString = word.handOver();
   return aStream;
 }
 
 IString IString::lineFrom(std::istream& aStream, char delimiter)
 {
-  std::string line;
-  for (char next; aStream.get(next) && next != delimiter;)
-    line += next;
-  return IString(line.data(), line.size());
+  IStringBuilder line;
+  for (char next; aStream.get(next) && next != delimiter;) {
+    const ReadyInput ready(aStream, quelmcl::detail::allOfIt);
+    const char* const end = static_cast<const char*>(std::memchr(ready.begin(), delimiter, ready.length()));
+    const bool isLast = end != nullptr;
+    const unsigned length = isLast ? static_cast<unsigned>(end - ready.begin()) : ready.length();
+    if (isLast && line.length() == 0) {  // as nearly always; no builder's reserve is needed then
+      IString whole(&next, 1u, ready.begin(), length);
+      ready.take(length + 1);
+      return whole;
+    }
+    line.append(&next, 1u, ready.begin(), length);
+    ready.take(isLast ? length + 1 : length);
+    if (isLast)
+      break;
+  }
+  return line.handOver();
 }
 
 namespace {

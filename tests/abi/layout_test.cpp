@@ -54,6 +54,9 @@ REVEAL(RegistryUser, IException::TraceFn*, IExceptStaticPtr, pUserTraceFn);
 REVEAL(MessageText, char*, IMessageText, pClText);
 REVEAL(MessageSuccess, int, IMessageText, bClSuccess);
 REVEAL(StringText, char*, IString, pBuffer);
+REVEAL(BuilderBegin, char*, IStringBuilder, textBegin);
+REVEAL(BuilderEnd, char*, IStringBuilder, textEnd);
+REVEAL(BuilderBlockEnd, char*, IStringBuilder, blockEnd);
 REVEAL(DateNumber, unsigned long, IDate, julian);
 REVEAL(TimeSeconds, long, ITime, ticks);
 REVEAL(SystemErrorTruth, int, ISystemErrorInfo, bClError);
@@ -133,6 +136,19 @@ TEST(StringLayout, AStringIsOnePointerToItsText)
   EXPECT_FALSE(std::is_polymorphic<IString>::value);
   EXPECT_EQ(0u, offsetIn<StringText>(text));
   EXPECT_EQ(static_cast<const char*>(text), wordAt<const char*>(&text));
+}
+
+TEST(StringLayout, ABuilderIsThreePointersThatProgramsAppendThrough)
+{
+  IStringBuilder builder;
+  builder.append("hello").reserve(20);
+  EXPECT_EQ(3 * sizeof(void*), sizeof(IStringBuilder));
+  EXPECT_FALSE(std::is_polymorphic<IStringBuilder>::value);
+  EXPECT_EQ(0u, offsetIn<BuilderBegin>(builder));
+  EXPECT_EQ(sizeof(void*), offsetIn<BuilderEnd>(builder));
+  EXPECT_EQ(2 * sizeof(void*), offsetIn<BuilderBlockEnd>(builder));
+  EXPECT_EQ(builder.text() + 5, wordAt<const char*>(reinterpret_cast<const char*>(&builder) + sizeof(void*)));
+  EXPECT_EQ(builder.text() + 21, wordAt<const char*>(reinterpret_cast<const char*>(&builder) + 2 * sizeof(void*)));
 }
 
 TEST(StringLayout, TheZeroBasedStringPutsItsVirtualTableInFront)

@@ -831,6 +831,34 @@ TEST(AliasingExpressions, ReadTheOldTextToTheEnd)
   EXPECT_EQ("aabc", bytes(s.overlayWith(s, 2)));
 }
 
+TEST(BuilderExpressions, AppendWhateverAStringCanBeMadeFrom)
+{
+  Operands o;
+  IStringBuilder built("<");
+  EXPECT_TYPE(IStringBuilder&, built.append("x"));
+  EXPECT_TYPE(IStringBuilder&, built += "x");
+  EXPECT_TYPE(IString, built.handOver());
+  built.append(o.s).append(o.c).append(o.buf).append(o.p).append('x').append(o.n).append(o.sz).append(1.5);
+  built.append("abc", 2).append("abc", o.sz).append(o.p, o.sz, "x", 1).append(nullptr).append(std::string("!"));
+  EXPECT_EQ(bytes(built.handOver()), "<abcabcabcabcx111.5abaax!");
+
+  built += o.s;
+  built += o.buf;
+  built += 5;
+  built += 0;
+  built += 'x';
+  built += 1.5f;
+  built += I0String("z");
+  built += std::string("s");
+  built += red;
+  built += true;
+  EXPECT_EQ(bytes(built.asString()), "abcabc50x1.5zs11");
+  EXPECT_EQ(std::string(built.begin(), built.end()), "abcabc50x1.5zs11");
+  std::ostringstream out;
+  out << built;
+  EXPECT_EQ(out.str(), "abcabc50x1.5zs11");
+}
+
 TEST(ConvertibilityClaims, KeepStringsFromTurningIntoSomethingElse)
 {
   static_assert(!std::is_convertible<IString, bool>::value, "a condition would test a pointer that is never null");

@@ -1,16 +1,25 @@
 // streams_test.cpp - IString: stream output, word input, line input.
 #include "string_probe.hpp"
 #include "support/expect_text.hpp"
+#include "support/random_texts.hpp"
 
 #include <quelmcl/istring.hpp>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
 #include <iomanip>
+#include <ios>
+#include <istream>
+#include <locale>
 #include <ostream>
 #include <sstream>
+#include <streambuf>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 using namespace stringtests;
 
@@ -451,6 +460,150 @@ TEST(StringLineInput, AgreesWithASlowSplitOfTheSameText)
   for (unsigned number = 0; number < 400; ++number)
     EXPECT_TEXT(IString::lineFrom(in), std::string(number, static_cast<char>('a' + number % 26)));
   EXPECT_TRUE(in.good());
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// Stream buffers that hold little ready
+
+/// Input that holds at most so many bytes ready at a time; with 0 it never holds any and gives single bytes away.
+class Trickle : public std::streambuf {
+public:
+  Trickle(std::string bytes, unsigned mostReady) : data(std::move(bytes)), most(mostReady) {}
+
+protected:
+  int underflow() override
+  {
+    if (most == 0)
+      return next == data.size() ? traits_type::eof() : traits_type::to_int_type(data[next]);
+    const std::size_t size = std::min<std::size_t>(most, data.size() - next);
+    setg(&data[next], &data[next], &data[next] + size);
+    next += size;
+    return size == 0 ? traits_type::eof() : traits_type::to_int_type(*gptr());
+  }
+  int uflow() override
+  {
+    if (most != 0)
+      return std::streambuf::uflow();
+    return next == data.size() ? traits_type::eof() : traits_type::to_int_type(data[next++]);
+  }
+
+private:
+  std::string data;
+  const unsigned most;
+  std::size_t next = 0;
+};
+
+/// What a line is, byte by byte.
+std::string slowLine(std::istream& in, char delimiter)
+{
+  std::string line;
+  for (char next; in.get(next) && next != delimiter;)
+    line += next;
+  return line;
+}
+
+/// What a word is, byte by byte.
+std::string slowWord(std::istream& in)
+{
+  const std::streamsize width = in.width(0);
+  std::string word;
+  const std::istream::sentry prefix(in);
+  while (prefix && (width <= 0 || word.size() + 1 < static_cast<std::size_t>(width)) && in.peek() != EOF &&
+         !std::isspace(static_cast<char>(in.peek()), in.getloc()))
+    word += static_cast<char>(in.get());
+  return word;
+}
+
+class StringInputInChunks : public testing::TestWithParam<unsigned> {};
+
+TEST_P(StringInputInChunks, GivesTheLinesThatReadingByteByByteGives)
+{
+  quelmcl_test::RandomTexts random;
+  for (unsigned round = 0; round < 200; ++round) {
+    const std::string text = random.text(bytes("ab\n\xFF\0"), 60) + random.text(bytes("ab\n"), 300);
+    Trickle source(text, GetParam());
+    Trickle sameSource(text, GetParam());
+    std::istream in(&source);
+    std::istream same(&sameSource);
+    for (unsigned count = 0; count < 400 && !same.fail(); ++count) {
+      const char delimiter = random.onceIn(4) ? '\xFF' : '\n';
+      const std::string expected = slowLine(same, delimiter);
+      EXPECT_TEXT(IString::lineFrom(in, delimiter), expected);
+      ASSERT_EQ(in.rdstate(), same.rdstate());
+      ASSERT_EQ(in.gcount(), same.gcount());
+    }
+    EXPECT_TRUE(in.eof());
+  }
+}
+
+TEST_P(StringInputInChunks, GivesTheWordsThatReadingByteByByteGives)
+{
+  quelmcl_test::RandomTexts random;
+  for (unsigned round = 0; round < 200; ++round) {
+    const std::string text = random.text(bytes("ab \t\xFF\0"), 60) + random.text(bytes("abcdefgh "), 300);
+    Trickle source(text, GetParam());
+    Trickle sameSource(text, GetParam());
+    std::istream in(&source);
+    std::istream same(&sameSource);
+    IString word("old");
+    for (unsigned count = 0; count < 400 && !same.fail(); ++count) {
+      const std::streamsize width = random.onceIn(3) ? static_cast<std::streamsize>(random.below(12)) : 0;
+      const std::string expected = slowWord(same >> std::setw(static_cast<int>(width)));
+      in >> std::setw(static_cast<int>(width)) >> word;
+      EXPECT_TEXT(word, expected);
+      ASSERT_EQ(in.rdstate(), same.rdstate());
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, StringInputInChunks, testing::Values(0u, 1u, 2u, 3u, 7u, 50u, 1000u));
+
+TEST(StringLineInput, FlushesTheTiedStreamFirst)
+{
+  FlushCounter sink;
+  std::ostream prompt(&sink);
+  std::istringstream in("abc\n");
+  in.tie(&prompt);
+  EXPECT_TEXT(IString::lineFrom(in), "abc");
+  EXPECT_GE(sink.flushes, 1);
+}
+
+TEST(StringLineInput, ThrowsWhereTheStreamIsToldTo)
+{
+  std::istringstream in("abc");
+  in.exceptions(std::ios::failbit);
+  EXPECT_THROW(IString::lineFrom(in), std::ios_base::failure);
+  EXPECT_TRUE(in.eof());
+}
+
+/// Input that breaks off after its first bytes.
+class Broken : public std::streambuf {
+public:
+  Broken() { setg(text, text, text + 2); }
+
+protected:
+  int underflow() override { throw std::string("broken"); }
+
+private:
+  char text[3] = "ab";
+};
+
+TEST(StringLineInput, OfABrokenStreamIsWhatCameBefore)
+{
+  Broken source;
+  std::istream in(&source);
+  EXPECT_TEXT(IString::lineFrom(in), "ab");
+  EXPECT_TRUE(in.bad());
+}
+
+TEST(StringWordInput, OfABrokenStreamIsWhatCameBefore)
+{
+  Broken source;
+  std::istream in(&source);
+  IString text;
+  in >> text;
+  EXPECT_TEXT(text, "ab");
+  EXPECT_TRUE(in.bad());
 }
 
 }  // namespace
