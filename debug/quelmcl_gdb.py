@@ -4,9 +4,9 @@
 # gdb loads it by itself where it was installed beside gdb's own folders, as packages do; else: (gdb) source quelmcl_gdb.py
 # docs/debugging.md shows what it prints. Tests: tests/debug/
 #
-# Nothing here calls a function of the program, so all of it works on core files. A compiler describes a class with virtual operations
-# only where its table is, in the library, whose debug information may be missing; so buffers, I0String and exceptions are read by
-# their layout, which is part of the binary interface, and all else by the names of its members.
+# Nothing here calls a function of the program, so all of it works on core files. A compiler describes a class with virtual
+# operations only where its table is, in the library, whose debug information may be missing; so buffers, I0String and
+# exceptions are read by their layout, which is part of the binary interface, and all else by the names of its members.
 import re
 
 import gdb
@@ -325,8 +325,8 @@ def neighbour(pointer):
     return "%#x" % int(pointer) if int(pointer) else "none"
 
 
-class PlacePrinter:
-    """Cursors and iterators: the position and the element there."""
+class CursorPrinter:
+    """The position of a cursor, and the element there."""
 
     nowhere = "on no element"
     what = "cursor"
@@ -369,11 +369,9 @@ class PlacePrinter:
             yield "element", self.elements.at(self.node)
 
 
-class CursorPrinter(PlacePrinter):
-    pass
+class IteratorPrinter(CursorPrinter):
+    """The same of an iterator, which knows the engine only."""
 
-
-class IteratorPrinter(PlacePrinter):
     nowhere = "past the end"
     what = "iterator"
 

@@ -2,8 +2,8 @@
 #
 #   (lldb) command script import /usr/share/quelmcl/debug/quelmcl_lldb.py
 #
-# quelmcl_gdb.py is the same for gdb, shows more, and tells why strings and exceptions are read by their layout. Nothing here calls a
-# function of the program. Tried with lldb 14, on unoptimised programs of g++ (tests/debug/).
+# quelmcl_gdb.py is the same for gdb, shows more, and tells why strings and exceptions are read by their layout. Nothing
+# here calls a function of the program. Tried with lldb 14, on unoptimised programs of g++ (tests/debug/).
 import re
 
 import lldb

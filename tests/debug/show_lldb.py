@@ -1,4 +1,5 @@
-# show_lldb.py - a variable as one line: what lldb shows for it, and for its parts where it is a sequence or has nothing to show itself.
+# show_lldb.py - a variable as one line: what lldb shows for it, and for its parts where it is a sequence or has nothing
+# to show itself.
 import lldb
 
 
@@ -12,4 +13,5 @@ def shown(value):
 
 
 def show(name):
-    print("%s => %s" % (name, shown(lldb.debugger.GetSelectedTarget().process.selected_thread.GetSelectedFrame().FindVariable(name))))
+    frame = lldb.debugger.GetSelectedTarget().process.GetSelectedThread().GetSelectedFrame()
+    print("%s => %s" % (name, shown(frame.FindVariable(name))))

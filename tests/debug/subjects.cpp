@@ -4,7 +4,7 @@
 #include <clocale>
 #include <cstdint>
 #include <cstdio>
-#include <new>
+#include <initializer_list>
 
 /// Where the debugger stops.
 extern "C" [[gnu::noinline]] void stopHere(const void* const* objects)
@@ -19,12 +19,10 @@ const IBuffer* severalBuffer = nullptr;
 namespace {
 
 /// What is looked at has to be in memory, as in any program that goes on using it.
-template <class... Objects>
-[[gnu::noinline]] void look(const Objects&... objects)
+[[gnu::noinline]] void look(std::initializer_list<const void*> objects)
 {
-  const void* const addresses[] = {&objects...};
-  stopHere(addresses);
-  asm volatile("" : : "r"(addresses) : "memory");
+  stopHere(objects.begin());
+  asm volatile("" : : "r"(objects.begin()) : "memory");
 }
 
 class Label : public IString {  // a string with something of its own
@@ -95,8 +93,8 @@ public:
   const IString& nowhere = *reinterpret_cast<IString*>(memory[1]);
   const IString& overwritten = *reinterpret_cast<IString*>(memory[2]);
 
-  look(empty, plain, shared, secondOwner, thirdOwner, fromZero, sharedFromZero, withNul, control, bytes, label, pointer,
-       several, broken, nullString, nowhere, overwritten, noise);
+  look({&empty, &plain, &shared, &secondOwner, &thirdOwner, &fromZero, &sharedFromZero, &withNul, &control, &bytes,
+        &label, &pointer, &several, &broken, &nullString, &nowhere, &overwritten, &noise});
 }
 
 [[gnu::noinline]] void showDates()
@@ -113,28 +111,27 @@ public:
   const ITime afternoon(14, 30, 5);
   const ITime wholeDay(-86400L);
   const ICnrTime packedTime = afternoon.asICnrTime();
-  look(first, leapDayBC, beforeGap, afterGap, leapDay, newYearsEve, last, packedDate, midnight, afternoon, wholeDay,
-       packedTime);
+  look({&first, &leapDayBC, &beforeGap, &afterGap, &leapDay, &newYearsEve, &last, &packedDate, &midnight, &afternoon,
+        &wholeDay, &packedTime});
 }
 
 /// Many dates, and what the library makes of each: around the changeover, and all over the numbers that there are.
 [[gnu::noinline]] void showManyDates()
 {
   constexpr unsigned count = 600;
-  alignas(IDate) unsigned char memory[count][sizeof(IDate)];
+  IDate dates[count];
   char texts[count][40];
-  const IDate* const dates = reinterpret_cast<IDate*>(memory[0]);
   std::uint32_t random = 20;
   for (unsigned i = 0; i < count; ++i) {
     random = random * 1664525u + 1013904223u;
     const IDate date(i < 200 ? 2361121ul + i : static_cast<unsigned long>(i % 2 == 0 ? random : random >> 10));
-    new (memory[i]) IDate(date);
+    dates[i] = date;
     const int year = date.year();
     std::snprintf(texts[i], sizeof texts[i], "%04d-%02d-%02d%s %s", year < 0 ? -year : year,
                   static_cast<int>(date.monthOfYear()), date.dayOfMonth(), year < 0 ? " BC" : "",
                   static_cast<const char*>(date.dayName()));
   }
-  look(memory, texts, dates);
+  look({&dates, &texts});
 }
 
 [[gnu::noinline]] void showSequences()
@@ -169,7 +166,8 @@ public:
   ILinkedSequenceImplNode* const lost = cut.addAsLast(cut.newNode(nullptr));
   first->ivNext = reinterpret_cast<ILinkedSequenceImplNode*>(64);
   last->ivNext = nullptr;
-  look(none, numbers, names, readings, nested, cursor, onNone, begin, end, shorter, stale, taken, own, damaged, cut);
+  look({&none, &numbers, &names, &readings, &nested, &cursor, &onNone, &begin, &end, &shorter, &stale, &taken, &own,
+        &damaged, &cut});
   first->ivNext = second;
   last->ivNext = lost;
 }
@@ -190,7 +188,7 @@ public:
   alignas(IException) static unsigned char memory[sizeof(IException)];
   __builtin_memset(memory, 0x5a, sizeof memory);
   const IException& overwritten = *reinterpret_cast<IException*>(memory);
-  look(full, bare, own, asBase, location, nowhere, level, overwritten);
+  look({&full, &bare, &own, &asBase, &location, &nowhere, &level, &overwritten});
 }
 
 }  // namespace
