@@ -39,3 +39,22 @@ install(FILES ${PROJECT_BINARY_DIR}/quelmcl.pc DESTINATION ${CMAKE_INSTALL_LIBDI
 install(
   FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/quelmcl)  # not DOCDIR: in a subproject that is named after the parent
+
+# What shows debuggers' users our objects. gdb loads it by itself for a library whose full path stands below its own folder; where that
+# is turns out only when the prefix of the installation is known. Those who install into a staging folder as prefix, as CPack does
+# without CPACK_SET_DESTDIR, have to say where the library will be in the end.
+set(QUELMCL_FINAL_LIBDIR "" CACHE PATH "Full path of the folder that the library gets to after the installation, if another one")
+install(FILES ${PROJECT_SOURCE_DIR}/debug/quelmcl_gdb.py ${PROJECT_SOURCE_DIR}/debug/quelmcl_lldb.py
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/quelmcl/debug)
+if(BUILD_SHARED_LIBS)
+  if(QUELMCL_FINAL_LIBDIR)
+    set(libraryFolder ${QUELMCL_FINAL_LIBDIR})
+  elseif(IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
+    set(libraryFolder ${CMAKE_INSTALL_LIBDIR})
+  else()
+    set(libraryFolder "/\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}")
+  endif()
+  install(FILES ${PROJECT_SOURCE_DIR}/debug/quelmcl_gdb.py
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/gdb/auto-load${libraryFolder}
+    RENAME libquelmcl.so.${PROJECT_VERSION}-gdb.py)
+endif()

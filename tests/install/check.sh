@@ -117,7 +117,8 @@ check_tree() {
   install_to "$prefix"
   local lib=$prefix/${given[libdir]} file
   diff -r "$source/include/quelmcl" "$prefix/include/quelmcl" || fail "the installed headers differ from the source"
-  for file in share/locale/{C,POSIX,en,it,zh}/LC_MESSAGES/quelmcl.cat share/doc/quelmcl/{README.md,LICENSE,CHANGELOG.md}; do
+  for file in share/locale/{C,POSIX,en,it,zh}/LC_MESSAGES/quelmcl.cat share/doc/quelmcl/{README.md,LICENSE,CHANGELOG.md} \
+    share/quelmcl/debug/quelmcl_{gdb,lldb}.py; do
     [ -s "$prefix/$file" ] || fail "not installed: $file"
   done
   for file in "$source"/messages/quelmcl.*.msg; do
@@ -138,6 +139,10 @@ check_tree() {
     grep -q "$file" <<<"$dynamic" || fail "the shared library lacks: $file"
   done
   if grep -E 'R(UN)?PATH' <<<"$dynamic"; then fail "the shared library carries a search path"; fi
+
+  # gdb looks under the full path of the library.
+  file=$prefix/share/gdb/auto-load$lib/libquelmcl.so.310.2-gdb.py
+  cmp "$file" "$source/debug/quelmcl_gdb.py" || fail "gdb would not find its formatters in $file"
 }
 
 # One of each kind of build; the order of the two does not matter, so neither does which kind finds its headers warm.
