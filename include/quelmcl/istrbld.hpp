@@ -25,31 +25,13 @@
 #include <quelmcl/ibase.hpp>
 #include <quelmcl/ibuffer.hpp>
 #include <quelmcl/istring.hpp>
+#include <quelmcl/istrstd.hpp>
 
 #include <cstddef>
 #include <cstring>
 #include <iosfwd>
 #include <type_traits>
 #include <utility>
-
-namespace quelmcl {
-namespace detail {
-
-/// Chooses the overload for the texts of the standard library, strings and views of them, without including either.
-template <class Text, class = void>
-struct IsStandardText : std::false_type {
-};
-template <class Text>
-struct IsStandardText<
-  Text, typename std::enable_if<
-          std::is_same<typename Text::traits_type::char_type, char>::value &&
-          std::is_same<decltype(std::declval<const Text&>().data()), const char*>::value &&
-          std::is_same<decltype(std::declval<const Text&>().size()), typename Text::size_type>::value>::type>
-  : std::true_type {
-};
-
-}  // namespace detail
-}  // namespace quelmcl
 
 class QUELMCL_API IStringBuilder : public IBase {
 public:
