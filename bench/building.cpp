@@ -1,4 +1,4 @@
-// building.cpp - benchmarks: texts that grow piece by piece, and the texts that are read from streams. Each byte has to be
+// building.cpp - benchmarks: texts that grow piece by piece, and texts that are read from streams. Each byte has to be
 // written once; whoever does not know the length beforehand copies it about once more.
 #include "frame.hpp"
 

@@ -18,8 +18,8 @@ using quelmcl::detail::writePiece;
 
 namespace {
 
-/// For a text of `newLength` bytes that has outgrown `capacity`: twice as much, so that all copies together are about as
-/// long as the text.
+/// For a text of `newLength` bytes that has outgrown `capacity`: twice as much, so that all copies together are about
+/// as long as the text.
 unsigned grownCapacity(unsigned capacity, unsigned newLength)
 {
   constexpr unsigned smallest = 47;  // with its record, what the heap of 32 bits gives in one of its steps

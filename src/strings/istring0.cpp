@@ -42,8 +42,8 @@ bool startsDecimal(const char* text)
   return std::isdigit(static_cast<unsigned char>(*text)) || std::strncmp(text, point, std::strlen(point)) == 0;
 }
 
-/// What a stream holds ready in its stream buffer, to be looked at before it is taken. Empty when the stream buffer keeps
-/// nothing; it has to be asked for one character at a time then.
+/// What a stream holds ready in its stream buffer, to be looked at before it is taken. Empty when the stream buffer
+/// keeps nothing; it has to be asked for one character at a time then.
 class ReadyInput {
 public:
   ReadyInput(std::istream& stream, unsigned mostBytes) : source(*stream.rdbuf()), first((source.*&Opener::gptr)())

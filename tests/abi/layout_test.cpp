@@ -141,7 +141,7 @@ TEST(StringLayout, AStringIsOnePointerToItsText)
 TEST(StringLayout, ABuilderIsThreePointersThatProgramsAppendThrough)
 {
   IStringBuilder builder;
-  builder.append("hello").reserve(20);
+  builder.reserve(20).append("hello");
   EXPECT_EQ(3 * sizeof(void*), sizeof(IStringBuilder));
   EXPECT_FALSE(std::is_polymorphic<IStringBuilder>::value);
   EXPECT_EQ(0u, offsetIn<BuilderBegin>(builder));
