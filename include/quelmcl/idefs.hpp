@@ -17,6 +17,9 @@
 /// header serves the static library, where the mark does no harm.
 #define QUELMCL_API __attribute__((visibility("default")))
 
+/// Marks a member of an exported class that is for the library's own files alone.
+#define QUELMCL_LOCAL __attribute__((visibility("hidden")))
+
 /// Marks functions whose result is all that they give. A static editing form that is called through an object by
 /// mistake (`text.strip(set)`) changes nothing; a compiler that sees the dropped result says so.
 #define QUELMCL_NODISCARD __attribute__((warn_unused_result))

@@ -671,7 +671,7 @@ private:
   static char* emptyText() noexcept;
   static IString unfilled(unsigned textLength);
   template <class Number>
-  void initDigits(Number number);
+  QUELMCL_LOCAL void initDigits(Number number);
   void prepareToChange();
   IString& adopt(IBuffer* edited) noexcept;
   bool pointsIntoText(const char* p) const noexcept;
