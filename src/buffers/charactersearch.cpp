@@ -155,7 +155,15 @@ unsigned CharacterSearch::lastMember(const CharacterList& list, unsigned start)
 {
   if (list.isOfBytes())
     return positionOf(findLastMember(text, start, list.bytes()));
-  return lastCharacter(start, [&](const char* p, unsigned n) { return list.has(p, n); });
+  if (!characters().beginAnywhere(list.headBytes()))
+    return lastCharacter(start, [&](const char* p, unsigned n) { return list.has(p, n); });
+  for (std::size_t end = start; end > 0;) {
+    const std::size_t head = detail::findLastMember(text, end, list.headBytes().set());
+    if (head == nowhere || list.has(text + head, characters().length(text + head)))
+      return positionOf(head);
+    end = head;
+  }
+  return 0;
 }
 
 unsigned CharacterSearch::lastOther(const CharacterList& list, unsigned start)

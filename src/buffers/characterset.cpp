@@ -53,11 +53,11 @@ struct CharacterSet::OneByteCharacters {
       if (std::strcmp(set->codeset, codeset) == 0)
         return set;
 
-    OneByteCharacters* const made =
-      std::strlen(codeset) < sizeof made->codeset ? new (std::nothrow) OneByteCharacters : nullptr;
+    const std::size_t nameLength = std::strlen(codeset);
+    OneByteCharacters* const made = nameLength < sizeof made->codeset ? new (std::nothrow) OneByteCharacters : nullptr;
     if (made == nullptr)
       return nullptr;
-    std::strcpy(made->codeset, codeset);
+    std::memcpy(made->codeset, codeset, nameLength + 1);
     for (unsigned byte = 0; byte < 256; ++byte) {
       const char alone = static_cast<char>(byte);
       made->isOne[byte] = byte == 0 || askLibrary(&alone, 1) == 1;

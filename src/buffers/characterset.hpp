@@ -8,6 +8,7 @@
 #include "kernels/byteset.hpp"
 #include "kernels/scan.hpp"
 #include "kernels/utf8.hpp"
+#include "kernels/vectors.hpp"
 
 #include <cstddef>
 
@@ -32,6 +33,7 @@ public:
     hasContinuation = hasContinuation || isUtf8Continuation(byte);
   }
   bool has(char byte) const noexcept { return bytes.has(byte); }
+  const ByteSet& set() const noexcept { return bytes; }
   bool haveUtf8Continuation() const noexcept { return hasContinuation; }
 
 private:
@@ -97,9 +99,11 @@ public:
     const auto isWanted = [&](const char* p, unsigned lengthThere) { return heads.has(*p) && claim(p, lengthThere); };
     if (!beginAnywhere(heads))
       return firstWhere(text, begin, end, isWanted);
-    for (std::size_t offset = begin; offset < end; ++offset)
-      if (heads.has(text[offset]) && claim(text + offset, length(text + offset)))
+    for (std::size_t offset = begin; offset < end; ++offset) {
+      offset = nextHead(text, offset, end, heads);
+      if (offset < end && claim(text + offset, length(text + offset)))
         return offset;
+    }
     return nowhere;
   }
 
@@ -153,6 +157,19 @@ private:
     : kind(kindOfSet), asciiStandsAlone(asciiAlone), oneByteCharacters(known)
   {
   }
+
+  /// The first of `heads` in the text from `begin` on, or the end. Most are near, and not worth a call.
+  static std::size_t nextHead(const char* text, std::size_t begin, std::size_t end, const HeadBytes& heads) noexcept
+  {
+    constexpr std::size_t near = 16;
+    const std::size_t nearEnd = end - begin < near ? end : begin + near;
+    for (std::size_t offset = begin; offset < nearEnd; ++offset)
+      if (heads.has(text[offset]))
+        return offset;
+    const std::size_t found = findMember(text + nearEnd, end - nearEnd, heads.set());
+    return found == nowhere ? end : nearEnd + found;
+  }
+
   bool isLoneAscii(char byte) const noexcept { return asciiStandsAlone && isAscii(byte); }
   bool isAlwaysOneByte(char byte) const;
   static unsigned askedLength(const char* p, std::size_t available);

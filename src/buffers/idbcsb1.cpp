@@ -85,13 +85,9 @@ bool isEvery(const IBuffer& buffer, Claim claim)
 int IDBCSBuffer::isSBCS() const
 {
   const CharacterSet set = CharacterSet::current();
-  for (unsigned offset = 0;; ++offset) {
-    offset += static_cast<unsigned>(set.leadingAscii(contents() + offset, len - offset));
-    if (offset >= len)
-      return true;
-    if (set.length(contents() + offset) > 1)
-      return false;
-  }
+  if (set.hasLoneAscii() && quelmcl::detail::vectors().asciiPrefix(contents(), len) == len)
+    return true;
+  return isEvery(*this, [](const char*, unsigned length) { return length == 1; });
 }
 
 int IDBCSBuffer::isMBCS() const

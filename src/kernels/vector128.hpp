@@ -1,4 +1,4 @@
-// vector128.hpp - sixteen bytes at a time, as the loops of vectorloops.hpp use them. Included where those are.
+// vector128.hpp - sixteen bytes at a time, as the loops of vectorloops.inc use them. Included where those are.
 struct Vector128 {
   using Bytes = __m128i;
   static constexpr std::size_t size = 16;

@@ -1,4 +1,4 @@
-// vector256.hpp - thirty-two bytes at a time, as the loops of vectorloops.hpp use them. Included where those are.
+// vector256.hpp - thirty-two bytes at a time, as the loops of vectorloops.inc use them. Included where those are.
 struct Vector256 {
   using Bytes = __m256i;
   static constexpr std::size_t size = 32;

@@ -26,7 +26,7 @@ namespace {
 using Narrow = Vector128;
 using Wide = Vector256;
 
-#  include "kernels/vectorloops.hpp"
+#  include "kernels/vectorloops.inc"
 
 }  // namespace
 

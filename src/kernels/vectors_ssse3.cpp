@@ -25,7 +25,7 @@ namespace {
 using Narrow = Vector128;
 using Wide = Vector128;
 
-#  include "kernels/vectorloops.hpp"
+#  include "kernels/vectorloops.inc"
 
 }  // namespace
 
