@@ -56,15 +56,13 @@ std::string blanksBefore(const std::string& message)
 
 bool isUtf8(const std::string& bytes)
 {
-  const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  if (utf8 == nullptr)
+  const std::string before = std::setlocale(LC_CTYPE, nullptr);
+  if (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr)
     throw std::runtime_error("the locale C.UTF-8 is missing");
-  const locale_t previous = uselocale(utf8);
   std::mbstate_t state{};
   const char* p = bytes.c_str();
   const bool isSound = std::mbsrtowcs(nullptr, &p, 0, &state) != static_cast<std::size_t>(-1);
-  uselocale(previous);
-  freelocale(utf8);
+  std::setlocale(LC_CTYPE, before.c_str());
   return isSound;
 }
 
