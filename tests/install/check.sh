@@ -56,18 +56,25 @@ configure() { # BUILD SOURCE FLAGS [OPTION...]
 # second is one only if the library's start-up object is there, which a static link must not have lost.
 expected_output="HELLO 5
 version $version
-1011: A character was asked for at a position outside of the text.
-4: The memory is exhausted: there is no room for what was to be stored."
+1011: A character was asked for at a position outside of the text."
+exhausted_line='4: The memory is exhausted: there is no room for what was to be stored.'
+
+# An address sanitizer brings an operator new of its own, which calls no new-handler.
+expected_of() { # PROGRAM
+  printf '%s\n' "$expected_output"
+  if ! ldd "$1" | grep -F libasan >/dev/null; then printf '%s\n' "$exhausted_line"; fi
+}
 
 must_print_the_expected() { # PROGRAM NLSPATH
-  local output
+  local output expected
+  expected=$(expected_of "$1")
   output=$(NLSPATH=$2 "$1" 2>"$work/stderr") || fail "$1 ended with status $?: $(cat "$work/stderr")"
-  [ "$output" = "$expected_output" ] || fail "$1 printed: $output"
+  [ "$output" = "$expected" ] || fail "$1 printed: $output"
   # A language without a catalog gets the English texts; so do those that have no translation yet.
   local lang
   for lang in xx_YY.UTF-8 POSIX en_GB.UTF-8; do
     output=$(LC_ALL='' LANG=$lang NLSPATH=$2 "$1" 2>/dev/null)
-    [ "$output" = "$expected_output" ] || fail "$1 with LANG=$lang printed: $output"
+    [ "$output" = "$expected" ] || fail "$1 with LANG=$lang printed: $output"
   done
   output=$(LC_ALL='' LANG=de_AT.UTF-8 NLSPATH=$2 "$1" 2>/dev/null)
   grep -qF '1011: Es wurde ein Zeichen an einer Stelle außerhalb des Textes verlangt.' <<<"$output" || fail "$1 in German printed: $output"
