@@ -94,20 +94,13 @@ void binaryToBytes(const char* digits, std::size_t length, unsigned char* bytes)
     *bytes++ = static_cast<unsigned char>(gathered(digits + i) << 4 | gathered(digits + i + 4));
 }
 
-const DigitLoops loops = {"portable",         areDecimal,         areHexadecimal, areBinary,
-                          bytesToHexadecimal, hexadecimalToBytes, bytesToBinary,  binaryToBytes};
-
 }  // namespace
 
-const DigitLoops& portableDigitLoops() noexcept
-{
-  return loops;
-}
+constinit const DigitLoops portableDigitLoops = {
+  Instructions::portable, areDecimal,         areHexadecimal, areBinary,
+  bytesToHexadecimal,     hexadecimalToBytes, bytesToBinary,  binaryToBytes,
+};
 
-const DigitLoops& digitLoops() noexcept
-{
-  const DigitLoops* const faster = sse2DigitLoops();
-  return faster != nullptr ? *faster : loops;
-}
+constinit const Forms<DigitLoops> digitForms(portableDigitLoops, sse2DigitLoops, sse2DigitLoops, sse2DigitLoops);
 
 }  // namespace quelmcl::detail

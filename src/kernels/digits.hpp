@@ -5,13 +5,15 @@
 #ifndef QUELMCL_SRC_KERNELS_DIGITS_HPP
 #define QUELMCL_SRC_KERNELS_DIGITS_HPP
 
+#include "kernels/processor.hpp"
+
 #include <cstddef>
 
 namespace quelmcl::detail {
 
-/// One form of the loops. All of them give the same results. Nothing overlaps.
+/// One form of the loops. Nothing overlaps.
 struct DigitLoops {
-  const char* name;
+  Instructions needed;
   /// Whether all are '0' to '9'; so is the empty text.
   bool (*areDecimal)(const char* text, std::size_t length) noexcept;
   /// Whether all are '0' to '9', 'A' to 'F' or 'a' to 'f'.
@@ -28,11 +30,15 @@ struct DigitLoops {
   void (*binaryToBytes)(const char* digits, std::size_t length, unsigned char* bytes) noexcept;
 };
 
-const DigitLoops& portableDigitLoops() noexcept;
-/// Null where this machine cannot run them.
-const DigitLoops* sse2DigitLoops() noexcept;
-/// The best for this machine.
-const DigitLoops& digitLoops() noexcept;
+extern const DigitLoops portableDigitLoops;
+extern const DigitLoops sse2DigitLoops;
+extern const Forms<DigitLoops> digitForms;
+
+/// The form in use.
+inline const DigitLoops& digitLoops() noexcept
+{
+  return digitForms.inUse();
+}
 
 /// The value of one hexadecimal digit.
 constexpr unsigned hexadecimalValue(char digit) noexcept

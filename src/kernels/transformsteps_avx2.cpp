@@ -1,16 +1,12 @@
 // transformsteps_avx2.cpp - the loops of transforms for processors with AVX2, eight words at a time.
 // Tests: tests/kernels/convolution_test.cpp
+#include "kernels/instructions.hpp"
 #include "kernels/transformsteps.hpp"
 
 #include <cstring>
 #include <immintrin.h>
 
-#ifdef __clang__
-#  pragma clang attribute push(__attribute__((target("avx2"))), apply_to = function)
-#else
-#  pragma GCC push_options
-#  pragma GCC target("avx2")
-#endif
+QUELMCL_BEGIN_INSTRUCTIONS("avx2")
 
 namespace {
 
@@ -83,17 +79,9 @@ inline Register upperHalves(Register x)
 
 #include "kernels/transformvectors.inc"
 
-const quelmcl::detail::TransformSteps steps = {"AVX2", {64, 600}, reduce, forward, multiply, back, combine};
-
 }  // namespace
 
-#ifdef __clang__
-#  pragma clang attribute pop
-#else
-#  pragma GCC pop_options
-#endif
+constinit const TransformSteps quelmcl::detail::avx2Steps = {Instructions::avx2, {64, 600}, reduce, forward,
+                                                             multiply,           back,      combine};
 
-const quelmcl::detail::TransformSteps* quelmcl::detail::avx2Steps() noexcept
-{
-  return __builtin_cpu_supports("avx2") ? &steps : nullptr;
-}
+QUELMCL_END_INSTRUCTIONS

@@ -70,11 +70,7 @@ inline Register reduced(Products x, LowProducts companions, Register p)
 
 #include "kernels/transformloops.inc"
 
-const quelmcl::detail::TransformSteps steps = {"portable", {3000, 6000}, reduce, forward, multiply, back, combine};
-
 }  // namespace
 
-const quelmcl::detail::TransformSteps* quelmcl::detail::portableSteps() noexcept
-{
-  return &steps;
-}
+constinit const TransformSteps quelmcl::detail::portableSteps = {
+  Instructions::portable, {3000, 6000}, reduce, forward, multiply, back, combine};

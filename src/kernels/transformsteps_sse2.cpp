@@ -1,16 +1,12 @@
 // transformsteps_sse2.cpp - the loops of transforms for processors with SSE2, four words at a time.
 // Tests: tests/kernels/convolution_test.cpp
+#include "kernels/instructions.hpp"
 #include "kernels/transformsteps.hpp"
 
 #include <cstring>
 #include <immintrin.h>
 
-#ifdef __clang__
-#  pragma clang attribute push(__attribute__((target("sse2"))), apply_to = function)
-#else
-#  pragma GCC push_options
-#  pragma GCC target("sse2")
-#endif
+QUELMCL_BEGIN_INSTRUCTIONS("sse2")
 
 namespace {
 
@@ -83,17 +79,9 @@ inline Register upperHalves(Register x)
 
 #include "kernels/transformvectors.inc"
 
-const quelmcl::detail::TransformSteps steps = {"SSE2", {120, 1000}, reduce, forward, multiply, back, combine};
-
 }  // namespace
 
-#ifdef __clang__
-#  pragma clang attribute pop
-#else
-#  pragma GCC pop_options
-#endif
+constinit const TransformSteps quelmcl::detail::sse2Steps = {Instructions::sse2, {120, 1000}, reduce, forward,
+                                                             multiply,           back,        combine};
 
-const quelmcl::detail::TransformSteps* quelmcl::detail::sse2Steps() noexcept
-{
-  return __builtin_cpu_supports("sse2") ? &steps : nullptr;
-}
+QUELMCL_END_INSTRUCTIONS

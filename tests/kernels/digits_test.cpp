@@ -1,6 +1,7 @@
 // digits_test.cpp - kernels: bytes to hexadecimal and binary digits and back, by each form of the loops.
 #include "kernels/digits.hpp"
 
+#include "forms.hpp"
 #include "placed_text.hpp"
 #include "support/radix_reference.hpp"
 #include "support/random_texts.hpp"
@@ -10,18 +11,12 @@
 #include <memory>
 #include <string>
 
+using kerneltests::formsOnThisMachine;
+using kerneltests::nameOfForm;
 using quelmcl::detail::DigitLoops;
 using quelmcl_test::RandomTexts;
 
 namespace {
-
-std::vector<const DigitLoops*> formsOnThisMachine()
-{
-  std::vector<const DigitLoops*> forms = {&quelmcl::detail::portableDigitLoops()};
-  if (const DigitLoops* const faster = quelmcl::detail::sse2DigitLoops())
-    forms.push_back(faster);
-  return forms;
-}
 
 class DigitKernels : public testing::TestWithParam<const DigitLoops*> {
 protected:
@@ -48,10 +43,8 @@ protected:
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Forms, DigitKernels, testing::ValuesIn(formsOnThisMachine()),
-                         [](const testing::TestParamInfo<const DigitLoops*>& row) {
-                           return std::string(row.param->name);
-                         });
+INSTANTIATE_TEST_SUITE_P(Forms, DigitKernels, testing::ValuesIn(formsOnThisMachine(quelmcl::detail::digitForms)),
+                         nameOfForm<DigitLoops>);
 
 TEST_P(DigitKernels, WriteEveryByte)
 {
