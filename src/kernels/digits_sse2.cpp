@@ -32,49 +32,7 @@ inline __m128i all(char byte)
   return _mm_set1_epi8(byte);
 }
 
-/// Zero where a byte is `first` or at most `count - 1` above it.
-inline __m128i distanceFrom(__m128i bytes, char first, char count)
-{
-  return _mm_subs_epu8(_mm_sub_epi8(bytes, all(first)), all(static_cast<char>(count - 1)));
-}
-
-inline bool isZero(__m128i bytes)
-{
-  return _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_setzero_si128())) == 0xFFFF;
-}
-
-bool areDecimal(const char* text, std::size_t length) noexcept
-{
-  std::size_t i = 0;
-  for (; i + width <= length; i += width)
-    if (!isZero(distanceFrom(load(text + i), '0', 10)))
-      return false;
-  return portableDigitLoops.areDecimal(text + i, length - i);
-}
-
-bool areHexadecimal(const char* text, std::size_t length) noexcept
-{
-  std::size_t i = 0;
-  for (; i + width <= length; i += width) {
-    const __m128i bytes = load(text + i);
-    const __m128i notDigit = distanceFrom(bytes, '0', 10);
-    const __m128i notLetter = distanceFrom(_mm_or_si128(bytes, all(0x20)), 'a', 6);
-    if (!isZero(_mm_min_epu8(notDigit, notLetter)))
-      return false;
-  }
-  return portableDigitLoops.areHexadecimal(text + i, length - i);
-}
-
-bool areBinary(const char* text, std::size_t length) noexcept
-{
-  std::size_t i = 0;
-  for (; i + width <= length; i += width)
-    if (!isZero(distanceFrom(load(text + i), '0', 2)))
-      return false;
-  return portableDigitLoops.areBinary(text + i, length - i);
-}
-
-inline __m128i hexadecimalDigits(__m128i halves)
+inline __m128i digitsOf(__m128i halves)
 {
   const __m128i isLetter = _mm_cmpgt_epi8(halves, all(9));
   return _mm_add_epi8(_mm_add_epi8(halves, all('0')), _mm_and_si128(isLetter, all('A' - '9' - 1)));
@@ -85,8 +43,8 @@ void bytesToHexadecimal(const unsigned char* bytes, std::size_t length, char* di
   std::size_t i = 0;
   for (; i + width <= length; i += width) {
     const __m128i both = load(bytes + i), lowest = all(15);
-    const __m128i high = hexadecimalDigits(_mm_and_si128(_mm_srli_epi16(both, 4), lowest));
-    const __m128i low = hexadecimalDigits(_mm_and_si128(both, lowest));
+    const __m128i high = digitsOf(_mm_and_si128(_mm_srli_epi16(both, 4), lowest));
+    const __m128i low = digitsOf(_mm_and_si128(both, lowest));
     store(digits + 2 * i, _mm_unpacklo_epi8(high, low));
     store(digits + 2 * i + width, _mm_unpackhi_epi8(high, low));
   }
@@ -169,8 +127,7 @@ void binaryToBytes(const char* digits, std::size_t length, unsigned char* bytes)
 }  // namespace
 
 constinit const DigitLoops quelmcl::detail::sse2DigitLoops = {
-  Instructions::sse2, areDecimal,         areHexadecimal, areBinary,
-  bytesToHexadecimal, hexadecimalToBytes, bytesToBinary,  binaryToBytes,
+  Instructions::sse2, bytesToHexadecimal, hexadecimalToBytes, bytesToBinary, binaryToBytes,
 };
 
 QUELMCL_END_INSTRUCTIONS

@@ -73,6 +73,12 @@ inline std::size_t findLastMember(const char* text, std::size_t length, const By
   return lastWhere(text, length, [&](char byte) { return set.has(byte) == wanted; });
 }
 
+/// Whether all bytes of a text are in a set; so are those of the empty text.
+inline bool hasOnly(const char* text, std::size_t length, const ByteSet& set) noexcept
+{
+  return findMember(text, length, set, false) == nowhere;
+}
+
 }  // namespace quelmcl::detail
 
 #endif

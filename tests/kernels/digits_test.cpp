@@ -76,27 +76,16 @@ TEST_P(DigitKernels, ReadHexadecimalDigitsOfEitherCase)
             reference::x2c("abcdefABCDEF0123"));
 }
 
-TEST_P(DigitKernels, KnowEveryDigitAtEveryPlace)
+TEST(DigitSets, HaveTheDigitsAndNothingElse)
 {
-  for (const std::size_t length : {1u, 15u, 16u, 17u, 33u, 64u})
-    for (std::size_t place = 0; place < length; ++place)
-      for (int byte = 0; byte < 256; ++byte) {
-        std::string text(length, '1');
-        text[place] = static_cast<char>(byte);
-        const bool isBinary = byte == '0' || byte == '1', isDecimal = byte >= '0' && byte <= '9';
-        const bool isHexadecimal = isDecimal || (byte >= 'a' && byte <= 'f') || (byte >= 'A' && byte <= 'F');
-        ASSERT_EQ(loops().areBinary(text.data(), length), isBinary) << byte << " at " << place << " of " << length;
-        ASSERT_EQ(loops().areDecimal(text.data(), length), isDecimal) << byte << " at " << place << " of " << length;
-        ASSERT_EQ(loops().areHexadecimal(text.data(), length), isHexadecimal)
-          << byte << " at " << place << " of " << length;
-      }
-}
-
-TEST_P(DigitKernels, TakeNoTextForDigits)
-{
-  EXPECT_TRUE(loops().areBinary("", 0));
-  EXPECT_TRUE(loops().areDecimal("", 0));
-  EXPECT_TRUE(loops().areHexadecimal("", 0));
+  for (int code = 0; code < 256; ++code) {
+    const char byte = static_cast<char>(code);
+    const bool isDecimal = code >= '0' && code <= '9';
+    const bool isLetter = (code >= 'a' && code <= 'f') || (code >= 'A' && code <= 'F');
+    EXPECT_EQ(quelmcl::detail::binaryDigits.has(byte), code == '0' || code == '1') << code;
+    EXPECT_EQ(quelmcl::detail::decimalDigits.has(byte), isDecimal) << code;
+    EXPECT_EQ(quelmcl::detail::hexadecimalDigits.has(byte), isDecimal || isLetter) << code;
+  }
 }
 
 }  // namespace

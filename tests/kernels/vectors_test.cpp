@@ -212,6 +212,21 @@ TEST_P(VectorForms, CombineBits)
   }
 }
 
+TEST(HasOnly, HoldsForTextsOfMembersAlone)
+{
+  constexpr ByteSet set("ab", 2);
+  EXPECT_TRUE(quelmcl::detail::hasOnly("", 0, set));
+  for (std::size_t length = 1; length <= 70; ++length) {
+    std::string text(length, 'b');
+    EXPECT_TRUE(quelmcl::detail::hasOnly(text.data(), length, set)) << length;
+    for (std::size_t at = 0; at < length; ++at) {
+      text[at] = 'c';
+      EXPECT_FALSE(quelmcl::detail::hasOnly(text.data(), length, set)) << at << " of " << length;
+      text[at] = 'a';
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(All, VectorForms, testing::ValuesIn(formsOnThisMachine(quelmcl::detail::vectorForms)),
                          nameOfForm<Vectors>);
 
