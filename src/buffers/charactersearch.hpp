@@ -56,7 +56,6 @@ private:
   unsigned firstCharacter(unsigned start, Claim claim);
   template <class Claim>
   unsigned lastCharacter(unsigned start, Claim claim);
-  unsigned firstByte(unsigned start, const ByteSet& set, bool wanted) const;
 
   const char* text;
   unsigned length;

@@ -3,10 +3,10 @@
 // Tests: tests/buffers/multibyte_search_test.cpp
 #include <quelmcl/idbcsb.hpp>
 
+#include "buffers/bytesearch.hpp"
 #include "buffers/characterlist.hpp"
 #include "buffers/charactersearch.hpp"
 #include "buffers/kinds.hpp"
-#include "buffers/searchstart.hpp"
 
 using quelmcl::detail::CharacterList;
 using quelmcl::detail::CharacterSearch;

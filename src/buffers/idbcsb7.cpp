@@ -156,7 +156,7 @@ IBuffer* IDBCSBuffer::reverse()
   const char* const end = contents() + len;
   char* to = result->contents() + len;
   for (const char* from = contents(); from < end;) {
-    const std::size_t blocks = set.hasLoneAscii() ? reverseAsciiBlocks(from, end, to) : 0;
+    const std::size_t blocks = set.hasWholeAscii() ? reverseAsciiBlocks(from, end, to) : 0;
     from += blocks;
     to -= blocks;
     for (const char* const stop = std::min(from + asciiBlock, end); from < stop;) {

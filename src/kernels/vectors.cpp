@@ -4,6 +4,7 @@
 
 #include "kernels/ascii.hpp"
 #include "kernels/bytes.hpp"
+#include "kernels/whitespace.hpp"
 
 #include <algorithm>
 #include <cstring>

@@ -7,10 +7,6 @@
 
 namespace quelmcl::detail {
 
-/// The characters that separate words: these six in every locale.
-inline constexpr char whiteSpace[] = "\t\n\v\f\r ";
-inline constexpr unsigned whiteSpaceCount = sizeof whiteSpace - 1;
-
 /// A word of a text: where it begins (1-based) and how many bytes it has. No word has position and length 0.
 struct Word {
   unsigned pos;
@@ -23,7 +19,7 @@ public:
   explicit WordReader(const IBuffer& read, unsigned startPos = 1)
     : text(read),
       search(read),
-      separators(search.listOf(whiteSpace, whiteSpaceCount)),
+      separators(search.listOf(wordSeparators, wordSeparatorCount)),
       isOfBytes(search.findsByBytes(separators)),
       bytes(read.contents(), read.length()),
       from(isOfBytes ? search.start(startPos) : startPos)
