@@ -7,12 +7,7 @@
 namespace quelmcl::detail {
 
 CharacterList::CharacterList(const CharacterSet& charactersOf, const char* listed, unsigned count)
-  : set(charactersOf),
-    list(listed),
-    size(count),
-    ofBytes(set.isSingleByte() || set.isUtf8()),
-    lastNoted(0),
-    boundaries{}
+  : set(charactersOf), list(listed), size(count), ofBytes(set.isSelfSynchronizing()), lastNoted(0), boundaries{}
 {
   for (unsigned offset = 0; offset < size;) {
     if (offset < noted) {

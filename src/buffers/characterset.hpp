@@ -57,6 +57,9 @@ public:
   bool isSingleByte() const noexcept { return kind == singleByte; }
   /// Whether a byte that begins a character can never be one that continues another.
   bool isUtf8() const noexcept { return kind == utf8; }
+  /// Whether characters are told apart by the bytes around them, without a walk from the front. ASCII bytes are characters
+  /// of their own there, wherever they stand.
+  bool isSelfSynchronizing() const noexcept { return kind != other; }
 
   /// The length of the character at `p`. A NUL must follow sooner or later.
   unsigned length(const char* p) const { return isWholeAtStart(*p) ? 1 : lengthWithin(p, lookAhead); }
@@ -114,7 +117,7 @@ public:
   }
 
   /// Whether it is seen at a glance that a byte is a character of its own, wherever it stands.
-  bool isWholeAnywhere(char byte) const noexcept { return kind != other && isAscii(byte); }
+  bool isWholeAnywhere(char byte) const noexcept { return isSelfSynchronizing() && isAscii(byte); }
 
   /// Calls `visit` for every character of a text, with where it begins and its length.
   template <class Visit>
