@@ -17,7 +17,7 @@ public:
   explicit ForwardSearch(const IBuffer& searched)
     : text(searched),
       isOwn(isOwnKind(searched)),
-      search(searched, isOwnSingleByte(searched) ? CharacterSet::ofBytes() : CharacterSet::current())
+      search(searched, isOwnMultiByte(searched) ? CharacterSet::current() : CharacterSet::ofBytes())
   {
   }
 
@@ -37,8 +37,8 @@ public:
   /// A list of two or more characters to search for, prepared once for many searches.
   CharacterList listOf(const char* pChars, unsigned count) const { return {search.characters(), pChars, count}; }
 
-  /// Whether members of the list can be found by looking at bytes, without asking the buffer.
-  bool findsByBytes(const CharacterList& list) const { return isOwn && list.isOfBytes(); }
+  /// Whether characters of ASCII can be found by looking at bytes, without asking the buffer.
+  bool findsAsciiByBytes() const { return isOwn && search.characters().isSelfSynchronizing(); }
   /// Where a search for one character begins that starts at a position.
   unsigned start(unsigned startPos) { return search.forwardStart(startPos, 1); }
 
@@ -57,7 +57,7 @@ public:
 private:
   const IBuffer& text;
   bool isOwn;
-  CharacterSearch search;
+  CharacterSearch search;  // of our own kinds; others are asked
 };
 
 }  // namespace quelmcl::detail
