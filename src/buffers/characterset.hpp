@@ -27,6 +27,8 @@ inline void countDecision() noexcept {}
 /// The bytes that the characters of a list begin with.
 class HeadBytes {
 public:
+  HeadBytes() noexcept = default;
+  explicit HeadBytes(const ByteSet& asciiBytes) noexcept : bytes(asciiBytes) {}
   void add(char byte) noexcept
   {
     bytes.add(byte);
