@@ -7,14 +7,16 @@
 namespace quelmcl::detail {
 
 CharacterList::CharacterList(const CharacterSet& charactersOf, const char* listed, unsigned count)
-  : set(charactersOf),
-    list(listed),
-    size(count),
-    ofBytes(set.isSingleByte() || set.isUtf8()),
-    lastNoted(0),
-    boundaries{}
+  : set(charactersOf), list(listed), size(count), ofBytes(set.isSelfSynchronizing()), lastNoted(0), boundaries{}
 {
-  for (unsigned offset = 0; offset < size;) {
+  unsigned offset = 0;
+  while (offset < count && set.isWholeAnywhere(listed[offset]))
+    oneByteMembers.add(listed[offset++]);
+  if (offset == count && ofBytes)
+    return;  // as most lists do, of which nothing more is asked
+
+  heads = HeadBytes(oneByteMembers);
+  while (offset < count) {
     if (offset < noted) {
       boundaries[offset / 32] |= std::uint32_t{1} << (offset % 32);
       lastNoted = offset;

@@ -27,7 +27,7 @@ public:
   bool isOfBytes() const noexcept { return ofBytes; }
   /// The members of one byte.
   const ByteSet& bytes() const noexcept { return oneByteMembers; }
-  /// What the members begin with.
+  /// What the members begin with, unless the list is of bytes.
   const HeadBytes& headBytes() const noexcept { return heads; }
 
   /// The list as it was given.

@@ -2,28 +2,11 @@
 // Tests: tests/buffers/multibyte_search_test.cpp
 #include "buffers/charactersearch.hpp"
 
+#include "buffers/bytesearch.hpp"
 #include "buffers/characterlist.hpp"
-#include "buffers/searchstart.hpp"
 #include "kernels/textsearch.hpp"
 
 namespace quelmcl::detail {
-
-namespace {
-
-/// The 1-based position of an offset, 0 for nowhere.
-unsigned positionOf(std::size_t offset)
-{
-  static_assert(nowhere + 1 == 0, "nowhere becomes position 0");
-  return static_cast<unsigned>(offset + 1);
-}
-
-// A test sees a byte as the number that a char is: 0x80 to 0xFF are negative.
-bool passes(const IStringTest& test, char byte)
-{
-  return test.test(static_cast<signed char>(byte)) != 0;
-}
-
-}  // namespace
 
 // ---- where a search begins ----
 
@@ -87,16 +70,6 @@ unsigned CharacterSearch::lastCharacter(unsigned start, Claim claim)
   return 0;
 }
 
-/// The first byte from `start` on that is in the set, or is not.
-unsigned CharacterSearch::firstByte(unsigned start, const ByteSet& set, bool wanted) const
-{
-  if (start == 0)
-    return 0;
-  const unsigned skipped = start - 1;
-  const std::size_t at = findMember(text + skipped, length - skipped, set, wanted);
-  return at == nowhere ? 0 : positionOf(skipped + at);
-}
-
 // ---- texts ----
 
 unsigned CharacterSearch::firstText(const char* sought, unsigned soughtLen, unsigned start)
@@ -137,7 +110,7 @@ unsigned CharacterSearch::lastText(const char* sought, unsigned soughtLen, unsig
 unsigned CharacterSearch::firstMember(const CharacterList& list, unsigned start)
 {
   if (list.isOfBytes())
-    return firstByte(start, list.bytes(), true);
+    return firstByte(text, length, start, list.bytes(), true);
   if (start == 0)
     return 0;
   return found(characters().firstWithHead(text, start - 1, length, list.headBytes(),
@@ -147,7 +120,7 @@ unsigned CharacterSearch::firstMember(const CharacterList& list, unsigned start)
 unsigned CharacterSearch::firstOther(const CharacterList& list, unsigned start)
 {
   if (list.isOfBytes())
-    return firstByte(start, list.bytes(), false);
+    return firstByte(text, length, start, list.bytes(), false);
   return firstCharacter(start, [&](const char* p, unsigned n) { return !list.has(p, n); });
 }
 
@@ -179,11 +152,7 @@ unsigned CharacterSearch::lastOther(const CharacterList& list, unsigned start)
 
 unsigned CharacterSearch::firstBytePassing(const IStringTest& test, unsigned start) const
 {
-  if (start == 0)
-    return 0;
-  const unsigned skipped = start - 1;
-  const std::size_t at = firstWhere(text + skipped, length - skipped, [&](char byte) { return passes(test, byte); });
-  return at == nowhere ? 0 : positionOf(skipped + at);
+  return firstByte(text, length, start, [&](char byte) { return passes(test, byte); });
 }
 
 unsigned CharacterSearch::firstFailing(const IStringTest& test, unsigned start)

@@ -48,7 +48,7 @@ public:
   const CharacterSet& characters() const noexcept { return walk.characters(); }
   /// Whether backward searches look back from character to character, or walk to each from the front. Those need no
   /// start at a boundary.
-  bool looksBack() const { return characters().isUtf8() || characters().isSingleByte(); }
+  bool looksBack() const { return characters().isSelfSynchronizing(); }
 
 private:
   unsigned found(std::size_t offset);
@@ -56,7 +56,6 @@ private:
   unsigned firstCharacter(unsigned start, Claim claim);
   template <class Claim>
   unsigned lastCharacter(unsigned start, Claim claim);
-  unsigned firstByte(unsigned start, const ByteSet& set, bool wanted) const;
 
   const char* text;
   unsigned length;

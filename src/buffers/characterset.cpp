@@ -116,7 +116,7 @@ Character CharacterWalk::walkedTo(std::size_t offset)
   if (offset < current.offset)
     current = {floor, 0};
   while (current.end() <= offset) {
-    const std::size_t next = current.end() + set.leadingAscii(text + current.end(), offset - current.end());
+    const std::size_t next = current.end() + set.wholeAsciiAt(text + current.end(), offset - current.end());
     current = {next, set.length(text + next)};
   }
   return current;

@@ -27,6 +27,8 @@ inline void countDecision() noexcept {}
 /// The bytes that the characters of a list begin with.
 class HeadBytes {
 public:
+  HeadBytes() noexcept = default;
+  explicit HeadBytes(const ByteSet& asciiBytes) noexcept : bytes(asciiBytes) {}
   void add(char byte) noexcept
   {
     bytes.add(byte);
@@ -57,9 +59,12 @@ public:
   bool isSingleByte() const noexcept { return kind == singleByte; }
   /// Whether a byte that begins a character can never be one that continues another.
   bool isUtf8() const noexcept { return kind == utf8; }
+  /// Whether characters are told apart by the bytes around them, without a walk from the front. ASCII bytes are characters
+  /// of their own there, wherever they stand.
+  bool isSelfSynchronizing() const noexcept { return kind != other; }
 
   /// The length of the character at `p`. A NUL must follow sooner or later.
-  unsigned length(const char* p) const { return isLoneAscii(*p) ? 1 : lengthWithin(p, lookAhead); }
+  unsigned length(const char* p) const { return isWholeAtStart(*p) ? 1 : lengthWithin(p, lookAhead); }
 
   /// The same, looking at no more than `available` bytes (at least one): a character that is cut off there is no
   /// character.
@@ -113,8 +118,8 @@ public:
     return kind == singleByte || (kind == utf8 && !heads.haveUtf8Continuation());
   }
 
-  /// Whether an ASCII byte is a character of its own wherever it stands.
-  bool isAsciiAlone(char byte) const noexcept { return kind != other && isAscii(byte); }
+  /// Whether it is seen at a glance that a byte is a character of its own, wherever it stands.
+  bool isWholeAnywhere(char byte) const noexcept { return isSelfSynchronizing() && isAscii(byte); }
 
   /// Calls `visit` for every character of a text, with where it begins and its length.
   template <class Visit>
@@ -136,14 +141,14 @@ public:
     });
   }
 
-  /// Whether an ASCII byte is a character of its own wherever one begins.
-  bool hasLoneAscii() const noexcept { return asciiStandsAlone; }
+  /// Whether an ASCII byte with which a character begins is all of it. In some sets such bytes continue others.
+  bool hasWholeAscii() const noexcept { return asciiIsWhole; }
 
   /// How many of the `length` bytes at `p`, where a character begins, are seen at a glance to be characters of their
   /// own: the ASCII ones in front.
-  std::size_t leadingAscii(const char* p, std::size_t length) const noexcept
+  std::size_t wholeAsciiAt(const char* p, std::size_t length) const noexcept
   {
-    return asciiStandsAlone ? asciiPrefix(p, length) : 0;
+    return asciiIsWhole ? asciiPrefix(p, length) : 0;
   }
 
 private:
@@ -153,8 +158,8 @@ private:
   /// For each byte, whether it is a character of its own whatever follows it.
   struct OneByteCharacters;
 
-  CharacterSet(Kind kindOfSet, const OneByteCharacters* known, bool asciiAlone) noexcept
-    : kind(kindOfSet), asciiStandsAlone(asciiAlone), oneByteCharacters(known)
+  CharacterSet(Kind kindOfSet, const OneByteCharacters* known, bool wholeAscii) noexcept
+    : kind(kindOfSet), asciiIsWhole(wholeAscii), oneByteCharacters(known)
   {
   }
 
@@ -170,12 +175,13 @@ private:
     return found == nowhere ? end : nearEnd + found;
   }
 
-  bool isLoneAscii(char byte) const noexcept { return asciiStandsAlone && isAscii(byte); }
+  /// Whether it is seen at a glance that a byte with which a character begins is all of it.
+  bool isWholeAtStart(char byte) const noexcept { return asciiIsWhole && isAscii(byte); }
   bool isAlwaysOneByte(char byte) const;
   static unsigned askedLength(const char* p, std::size_t available);
 
   Kind kind;
-  bool asciiStandsAlone;                       // no ASCII byte begins a longer character
+  bool asciiIsWhole;                           // no ASCII byte begins a longer character
   const OneByteCharacters* oneByteCharacters;  // null when there was no storage for it
 };
 
@@ -200,7 +206,7 @@ public:
   /// The character that holds the byte at `offset`.
   Character holding(std::size_t offset)
   {
-    if (set.isSingleByte() || set.isAsciiAlone(text[offset]))
+    if (set.isSingleByte() || set.isWholeAnywhere(text[offset]))
       return {offset, 1};
     if (offset < floor)
       standAt(0);

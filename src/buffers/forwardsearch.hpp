@@ -3,12 +3,9 @@
 #ifndef QUELMCL_SRC_BUFFERS_FORWARDSEARCH_HPP
 #define QUELMCL_SRC_BUFFERS_FORWARDSEARCH_HPP
 
-#include <quelmcl/idbcsb.hpp>
-
 #include "buffers/characterlist.hpp"
 #include "buffers/charactersearch.hpp"
-
-#include <typeinfo>
+#include "buffers/kinds.hpp"
 
 namespace quelmcl::detail {
 
@@ -19,15 +16,14 @@ class ForwardSearch {
 public:
   explicit ForwardSearch(const IBuffer& searched)
     : text(searched),
-      isBytes(typeid(searched) == typeid(IBuffer)),
-      isOwnKind(isBytes || typeid(searched) == typeid(IDBCSBuffer)),
-      search(searched, isBytes ? CharacterSet::ofBytes() : CharacterSet::current())
+      isOwn(isOwnKind(searched)),
+      search(searched, isOwnMultiByte(searched) ? CharacterSet::current() : CharacterSet::ofBytes())
   {
   }
 
   unsigned indexOf(const char* pSearchString, unsigned searchLen, unsigned startPos)
   {
-    if (!isOwnKind)
+    if (!isOwn)
       return text.indexOf(pSearchString, searchLen, startPos);
     const unsigned start = search.forwardStart(startPos, searchLen);
     return searchLen == 0 ? 0 : search.firstText(pSearchString, searchLen, start);
@@ -35,34 +31,33 @@ public:
 
   unsigned indexOf(const IStringTest& test, unsigned startPos)
   {
-    return isOwnKind ? search.firstBytePassing(test, search.forwardStart(startPos, 1)) : text.indexOf(test, startPos);
+    return isOwn ? search.firstBytePassing(test, search.forwardStart(startPos, 1)) : text.indexOf(test, startPos);
   }
 
   /// A list of two or more characters to search for, prepared once for many searches.
   CharacterList listOf(const char* pChars, unsigned count) const { return {search.characters(), pChars, count}; }
 
-  /// Whether members of the list can be found by looking at bytes, without asking the buffer.
-  bool findsByBytes(const CharacterList& list) const { return isOwnKind && list.isOfBytes(); }
+  /// Whether characters of ASCII can be found by looking at bytes, without asking the buffer.
+  bool findsAsciiByBytes() const { return isOwn && search.characters().isSelfSynchronizing(); }
   /// Where a search for one character begins that starts at a position.
   unsigned start(unsigned startPos) { return search.forwardStart(startPos, 1); }
 
   unsigned indexOfAnyOf(const CharacterList& list, unsigned startPos)
   {
-    return isOwnKind ? search.firstMember(list, search.forwardStart(startPos, 1))
-                     : text.indexOfAnyOf(list.text(), list.length(), startPos);
+    return isOwn ? search.firstMember(list, search.forwardStart(startPos, 1))
+                 : text.indexOfAnyOf(list.text(), list.length(), startPos);
   }
 
   unsigned indexOfAnyBut(const CharacterList& list, unsigned startPos)
   {
-    return isOwnKind ? search.firstOther(list, search.forwardStart(startPos, 1))
-                     : text.indexOfAnyBut(list.text(), list.length(), startPos);
+    return isOwn ? search.firstOther(list, search.forwardStart(startPos, 1))
+                 : text.indexOfAnyBut(list.text(), list.length(), startPos);
   }
 
 private:
   const IBuffer& text;
-  bool isBytes;
-  bool isOwnKind;  // a class derived from ours may search in its own way, and is asked to
-  CharacterSearch search;
+  bool isOwn;
+  CharacterSearch search;  // of our own kinds; others are asked
 };
 
 }  // namespace quelmcl::detail

@@ -3,10 +3,14 @@
 // Tests: tests/buffers/classification_test.cpp
 #include <quelmcl/ibuffer.hpp>
 
+#include "buffers/kinds.hpp"
 #include "kernels/digits.hpp"
 #include "kernels/vectors.hpp"
 
 #include <cctype>
+
+using quelmcl::detail::ByteSet;
+using quelmcl::detail::hasOnly;
 
 IStringEnum::CharType IBuffer::charType(unsigned) const
 {
@@ -33,6 +37,14 @@ int isAll(const IBuffer& buffer, int (*belongs)(int))
   return buffer.length() > 0 && buffer.indexOfAnyBut(IStringTest(belongs), 1) == 0;
 }
 
+/// The same where the members are ASCII, and those of `members` in every locale: then our own kinds need not ask for each.
+int isAll(const IBuffer& buffer, int (*belongs)(int), const ByteSet& members)
+{
+  if (quelmcl::detail::isOwnKind(buffer) && hasOnly(buffer.contents(), buffer.length(), members))
+    return buffer.length() > 0;
+  return isAll(buffer, belongs);
+}
+
 }  // namespace
 
 int IBuffer::isAlphanumeric() const
@@ -55,13 +67,9 @@ int IBuffer::isControl() const
   return isAll(*this, std::iscntrl);
 }
 
-// Digits and hexadecimal digits are the same characters in every locale, so they need no question for each of them.
-
 int IBuffer::isDigits() const
 {
-  if (quelmcl::detail::digitLoops().areDecimal(contents(), len))
-    return len > 0;
-  return isAll(*this, std::isdigit);
+  return isAll(*this, std::isdigit, quelmcl::detail::decimalDigits);
 }
 
 int IBuffer::isGraphics() const
@@ -71,9 +79,7 @@ int IBuffer::isGraphics() const
 
 int IBuffer::isHexDigits() const
 {
-  if (quelmcl::detail::digitLoops().areHexadecimal(contents(), len))
-    return len > 0;
-  return isAll(*this, std::isxdigit);
+  return isAll(*this, std::isxdigit, quelmcl::detail::hexadecimalDigits);
 }
 
 int IBuffer::isLowerCase() const

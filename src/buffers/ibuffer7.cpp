@@ -3,8 +3,10 @@
 // Tests: tests/buffers/editing_test.cpp
 #include <quelmcl/ibuffer.hpp>
 
+#include "buffers/bytesearch.hpp"
 #include "buffers/editing.hpp"
 #include "buffers/forwardsearch.hpp"
+#include "buffers/kinds.hpp"
 #include "kernels/bytes.hpp"
 
 #include <algorithm>
@@ -18,9 +20,26 @@ using quelmcl::detail::unfilled;
 
 namespace {
 
-const char upperLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-const char lowerLetters[] = "abcdefghijklmnopqrstuvwxyz";
-constexpr unsigned letterCount = 26;
+/// The letters of one case, as a list and as a set.
+struct Letters {
+  constexpr explicit Letters(const char* all) : list(all), set(all, count) {}
+
+  /// The position of the first of them in a text, or 0. Where our own kinds look for them, they are bytes.
+  unsigned firstIn(const IBuffer& buffer) const
+  {
+    return quelmcl::detail::isOwnKind(buffer)
+             ? quelmcl::detail::firstByte(buffer.contents(), buffer.length(), 1, set, true)
+             : buffer.indexOfAnyOf(list, count, 1);
+  }
+
+private:
+  enum : unsigned { count = 26 };
+  const char* list;
+  quelmcl::detail::ByteSet set;
+};
+
+constexpr Letters upperLetters("ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+constexpr Letters lowerLetters("abcdefghijklmnopqrstuvwxyz");
 
 /// A text that an operation reads while it writes to `edited`: the text itself, or a copy when the two overlap.
 class StableText {
@@ -125,7 +144,7 @@ IBuffer* IBuffer::copy(unsigned numCopies)
 
 IBuffer* IBuffer::lowerCase()
 {
-  const unsigned first = indexOfAnyOf(upperLetters, letterCount, 1);
+  const unsigned first = upperLetters.firstIn(*this);
   if (first == 0)
     return addRef();
   IBuffer* const result = editable(this);
@@ -135,7 +154,7 @@ IBuffer* IBuffer::lowerCase()
 
 IBuffer* IBuffer::upperCase()
 {
-  const unsigned first = indexOfAnyOf(lowerLetters, letterCount, 1);
+  const unsigned first = lowerLetters.firstIn(*this);
   if (first == 0)
     return addRef();
   IBuffer* const result = editable(this);

@@ -85,7 +85,7 @@ bool isEvery(const IBuffer& buffer, Claim claim)
 int IDBCSBuffer::isSBCS() const
 {
   const CharacterSet set = CharacterSet::current();
-  if (set.hasLoneAscii() && quelmcl::detail::vectors().asciiPrefix(contents(), len) == len)
+  if (set.hasWholeAscii() && quelmcl::detail::vectors().asciiPrefix(contents(), len) == len)
     return true;
   return isEvery(*this, [](const char*, unsigned length) { return length == 1; });
 }

@@ -3,11 +3,10 @@
 // Tests: tests/buffers/multibyte_search_test.cpp
 #include <quelmcl/idbcsb.hpp>
 
+#include "buffers/bytesearch.hpp"
 #include "buffers/characterlist.hpp"
 #include "buffers/charactersearch.hpp"
-#include "buffers/searchstart.hpp"
-
-#include <typeinfo>
+#include "buffers/kinds.hpp"
 
 using quelmcl::detail::CharacterList;
 using quelmcl::detail::CharacterSearch;
@@ -27,28 +26,25 @@ unsigned IDBCSBuffer::startBackwardsSearch(unsigned startPos, unsigned searchLen
 
 namespace quelmcl::detail {
 
-/// Where the searches of a buffer begin. A class derived from ours is asked virtually; of ours the answer is known, and
-/// the locale need not be looked at once more.
+/// Where the searches of a buffer begin. Of our own kind the answer is known, and the locale need not be looked at once
+/// more.
 class SearchStart {
 public:
   /// What startSearch gives.
   static unsigned forward(const IDBCSBuffer& buffer, CharacterSearch& search, unsigned startPos, unsigned searchLen)
   {
-    return isOurs(buffer) ? search.forwardStart(startPos, searchLen) : buffer.startSearch(startPos, searchLen);
+    return isOwnMultiByte(buffer) ? search.forwardStart(startPos, searchLen) : buffer.startSearch(startPos, searchLen);
   }
 
   /// What startBackwardsSearch gives, as far as it matters: where characters are found by walking to them from the
   /// front, a search may as well begin inside of one, and walks once instead of twice.
   static unsigned backward(const IDBCSBuffer& buffer, CharacterSearch& search, unsigned startPos, unsigned searchLen)
   {
-    if (!isOurs(buffer))
+    if (!isOwnMultiByte(buffer))
       return buffer.startBackwardsSearch(startPos, searchLen);
     return search.looksBack() ? search.backwardStart(startPos, searchLen)
                               : backwardStart(buffer.length(), startPos, searchLen);
   }
-
-private:
-  static bool isOurs(const IDBCSBuffer& buffer) { return typeid(buffer) == typeid(IDBCSBuffer); }
 };
 
 }  // namespace quelmcl::detail

@@ -108,25 +108,18 @@ IBuffer* editOneByteCharacters(IBuffer* buffer, Claim claim, Change change)
   return result;
 }
 
-/// Whether letters are found byte by byte: no byte of a longer character can be one.
-bool lettersAreBytes()
-{
-  const CharacterSet set = CharacterSet::current();
-  return set.isUtf8() || set.isSingleByte();
-}
-
 }  // namespace
 
 IBuffer* IDBCSBuffer::lowerCase()
 {
-  if (lettersAreBytes())
+  if (CharacterSet::current().isSelfSynchronizing())
     return IBuffer::lowerCase();
   return editOneByteCharacters(this, quelmcl::detail::isAsciiUpper, quelmcl::detail::lowerAscii);
 }
 
 IBuffer* IDBCSBuffer::upperCase()
 {
-  if (lettersAreBytes())
+  if (CharacterSet::current().isSelfSynchronizing())
     return IBuffer::upperCase();
   return editOneByteCharacters(this, quelmcl::detail::isAsciiLower, quelmcl::detail::upperAscii);
 }
@@ -156,7 +149,7 @@ IBuffer* IDBCSBuffer::reverse()
   const char* const end = contents() + len;
   char* to = result->contents() + len;
   for (const char* from = contents(); from < end;) {
-    const std::size_t blocks = set.hasLoneAscii() ? reverseAsciiBlocks(from, end, to) : 0;
+    const std::size_t blocks = set.hasWholeAscii() ? reverseAsciiBlocks(from, end, to) : 0;
     from += blocks;
     to -= blocks;
     for (const char* const stop = std::min(from + asciiBlock, end); from < stop;) {

@@ -35,7 +35,7 @@ public:
       entry.out[0] = padCharacter;
       entry.outLen = out.left > 0 ? out.take(entry.out) : std::uint8_t{1};
       entry.difference = entry.outLen - entry.inLen;
-      ofBytes = ofBytes && entry.outLen == 1 && set.isAsciiAlone(entry.in[0]);
+      ofBytes = ofBytes && entry.outLen == 1 && set.isWholeAnywhere(entry.in[0]);
       hasDifferences = hasDifferences || entry.difference != 0;
       heads.add(entry.in[0]);
       entries.push_back(entry);

@@ -27,12 +27,6 @@ constexpr char upperAsciiByte(char byte) noexcept
   return isAsciiLower(byte) ? static_cast<char>(byte - ('a' - 'A')) : byte;
 }
 
-/// Whether a byte separates words: tab, line feed, vertical tab, form feed, carriage return, blank.
-constexpr bool isWhiteSpace(char byte) noexcept
-{
-  return byte == ' ' || (byte >= '\t' && byte <= '\r');
-}
-
 /// Makes the letters A to Z small. Other bytes stay, whatever the locale.
 void lowerAscii(char* text, std::size_t length) noexcept;
 

@@ -11,27 +11,30 @@ namespace quelmcl::detail {
 /// table is of the bytes from 0x80 on; the lower four bits of a byte name its row, the next three its place there.
 class ByteSet {
 public:
-  ByteSet() noexcept = default;
-  ByteSet(const char* members, std::size_t count) noexcept
+  constexpr ByteSet() noexcept = default;
+  constexpr ByteSet(const char* members, std::size_t count) noexcept
   {
     for (std::size_t i = 0; i < count; ++i)
       add(members[i]);
   }
 
-  void add(char byte) noexcept { rows[row(byte)] = static_cast<unsigned char>(rows[row(byte)] | place(byte)); }
+  constexpr void add(char byte) noexcept
+  {
+    rows[row(byte)] = static_cast<unsigned char>(rows[row(byte)] | place(byte));
+  }
 
-  bool has(char byte) const noexcept { return (rows[row(byte)] & place(byte)) != 0; }
+  constexpr bool has(char byte) const noexcept { return (rows[row(byte)] & place(byte)) != 0; }
 
   /// The rows of both tables.
-  const unsigned char* tables() const noexcept { return rows; }
+  constexpr const unsigned char* tables() const noexcept { return rows; }
 
 private:
-  static unsigned row(char byte) noexcept
+  static constexpr unsigned row(char byte) noexcept
   {
     const unsigned value = static_cast<unsigned char>(byte);
     return (value >> 3 & 0x10) | (value & 0x0F);
   }
-  static unsigned place(char byte) noexcept { return places[static_cast<unsigned char>(byte) >> 4]; }
+  static constexpr unsigned place(char byte) noexcept { return places[static_cast<unsigned char>(byte) >> 4]; }
 
   static constexpr unsigned char places[16] = {1, 2, 4, 8, 16, 32, 64, 128, 1, 2, 4, 8, 16, 32, 64, 128};
   unsigned char rows[32] = {};

@@ -12,13 +12,7 @@ namespace quelmcl::detail {
 
 static_assert(std::endian::native == std::endian::little, "limbs are read as 32-bit words");
 
-const TransformSteps& bestSteps() noexcept
-{
-  for (const TransformSteps* const steps : {avx2Steps(), sse2Steps()})
-    if (steps != nullptr)
-      return *steps;
-  return *portableSteps();
-}
+constinit const Forms<TransformSteps> transformForms(portableSteps, sse2Steps, sse2Steps, avx2Steps);
 
 std::size_t spectrumLength(std::size_t words) noexcept
 {
@@ -67,7 +61,7 @@ constexpr FactorTable factorTable = makeFactorTable();
 // z(2b + 1) that of -z(b). As powers of one root, the exponents of z(b) are those of z(1), z(2), z(4), ... at the bits of
 // b, added up; z(1) is the square root of -1, and each of the others the square root of the one before. So one table
 // serves transforms of all lengths.
-Transformer::Transformer(std::size_t longest) : Transformer(longest, bestSteps()) {}
+Transformer::Transformer(std::size_t longest) : Transformer(longest, transformForms.inUse()) {}
 
 Transformer::Transformer(std::size_t longest, const TransformSteps& chosen)
   : steps(&chosen),

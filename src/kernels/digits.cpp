@@ -2,7 +2,6 @@
 // Tests: tests/kernels/digits_test.cpp
 #include "kernels/digits.hpp"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -32,32 +31,12 @@ constexpr auto binaryGroups = [] {
   return groups;
 }();
 
-/// Values of hexadecimal digits, as the upper half of a byte; 255 for what is none.
-constexpr unsigned char noDigit = 255;
 constexpr auto hexadecimalValues = [] {
   std::array<unsigned char, byteCount> values{};
-  values.fill(noDigit);
-  for (const char digit :
-       {'0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'a', 'b', 'c', 'd', 'e', 'f', 'A', 'B', 'C', 'D', 'E', 'F'})
-    values[static_cast<unsigned char>(digit)] = static_cast<unsigned char>(hexadecimalValue(digit));
+  for (unsigned byte = 0; byte < byteCount; ++byte)
+    values[byte] = static_cast<unsigned char>(hexadecimalValue(static_cast<char>(byte)));
   return values;
 }();
-
-bool areDecimal(const char* text, std::size_t length) noexcept
-{
-  return std::all_of(text, text + length, [](char c) { return c >= '0' && c <= '9'; });
-}
-
-bool areHexadecimal(const char* text, std::size_t length) noexcept
-{
-  return std::all_of(text, text + length,
-                     [](char c) { return hexadecimalValues[static_cast<unsigned char>(c)] != noDigit; });
-}
-
-bool areBinary(const char* text, std::size_t length) noexcept
-{
-  return std::all_of(text, text + length, [](char c) { return c == '0' || c == '1'; });
-}
 
 void bytesToHexadecimal(const unsigned char* bytes, std::size_t length, char* digits) noexcept
 {
@@ -94,20 +73,12 @@ void binaryToBytes(const char* digits, std::size_t length, unsigned char* bytes)
     *bytes++ = static_cast<unsigned char>(gathered(digits + i) << 4 | gathered(digits + i + 4));
 }
 
-const DigitLoops loops = {"portable",         areDecimal,         areHexadecimal, areBinary,
-                          bytesToHexadecimal, hexadecimalToBytes, bytesToBinary,  binaryToBytes};
-
 }  // namespace
 
-const DigitLoops& portableDigitLoops() noexcept
-{
-  return loops;
-}
+constinit const DigitLoops portableDigitLoops = {
+  Instructions::portable, bytesToHexadecimal, hexadecimalToBytes, bytesToBinary, binaryToBytes,
+};
 
-const DigitLoops& digitLoops() noexcept
-{
-  const DigitLoops* const faster = sse2DigitLoops();
-  return faster != nullptr ? *faster : loops;
-}
+constinit const Forms<DigitLoops> digitForms(portableDigitLoops, sse2DigitLoops, sse2DigitLoops, sse2DigitLoops);
 
 }  // namespace quelmcl::detail

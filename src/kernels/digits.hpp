@@ -1,23 +1,20 @@
-// digits.hpp - bytes to hexadecimal and binary digits and back, and whether a text is all digits.
+// digits.hpp - bytes to hexadecimal and binary digits and back, and which bytes are digits.
 // Tests: tests/kernels/digits_test.cpp
 //
 // The work is done by tables, and by SSE2 where the processor has it, which is three to ten times as fast on long texts.
 #ifndef QUELMCL_SRC_KERNELS_DIGITS_HPP
 #define QUELMCL_SRC_KERNELS_DIGITS_HPP
 
+#include "kernels/byteset.hpp"
+#include "kernels/processor.hpp"
+
 #include <cstddef>
 
 namespace quelmcl::detail {
 
-/// One form of the loops. All of them give the same results. Nothing overlaps.
+/// One form of the loops. Nothing overlaps.
 struct DigitLoops {
-  const char* name;
-  /// Whether all are '0' to '9'; so is the empty text.
-  bool (*areDecimal)(const char* text, std::size_t length) noexcept;
-  /// Whether all are '0' to '9', 'A' to 'F' or 'a' to 'f'.
-  bool (*areHexadecimal)(const char* text, std::size_t length) noexcept;
-  /// Whether all are '0' or '1'.
-  bool (*areBinary)(const char* text, std::size_t length) noexcept;
+  Instructions needed;
   /// Two capital digits for each byte.
   void (*bytesToHexadecimal)(const unsigned char* bytes, std::size_t length, char* digits) noexcept;
   /// A byte for each two digits of either case.
@@ -28,11 +25,19 @@ struct DigitLoops {
   void (*binaryToBytes)(const char* digits, std::size_t length, unsigned char* bytes) noexcept;
 };
 
-const DigitLoops& portableDigitLoops() noexcept;
-/// Null where this machine cannot run them.
-const DigitLoops* sse2DigitLoops() noexcept;
-/// The best for this machine.
-const DigitLoops& digitLoops() noexcept;
+extern const DigitLoops portableDigitLoops;
+extern const DigitLoops sse2DigitLoops;
+extern const Forms<DigitLoops> digitForms;
+
+/// The form in use.
+inline const DigitLoops& digitLoops() noexcept
+{
+  return digitForms.inUse();
+}
+
+inline constexpr ByteSet binaryDigits("01", 2);
+inline constexpr ByteSet decimalDigits("0123456789", 10);
+inline constexpr ByteSet hexadecimalDigits("0123456789ABCDEFabcdef", 22);
 
 /// The value of one hexadecimal digit.
 constexpr unsigned hexadecimalValue(char digit) noexcept

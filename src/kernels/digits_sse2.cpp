@@ -2,21 +2,17 @@
 // is left at the end is the portable loops' business.
 // Tests: tests/kernels/digits_test.cpp
 #include "kernels/digits.hpp"
+#include "kernels/instructions.hpp"
 
-#include <array>
 #include <cstring>
 #include <immintrin.h>
 
-#ifdef __clang__
-#  pragma clang attribute push(__attribute__((target("sse2"))), apply_to = function)
-#else
-#  pragma GCC push_options
-#  pragma GCC target("sse2")
-#endif
+QUELMCL_BEGIN_INSTRUCTIONS("sse2")
 
 namespace {
 
 using quelmcl::detail::DigitLoops;
+using quelmcl::detail::Instructions;
 using quelmcl::detail::portableDigitLoops;
 
 constexpr std::size_t width = 16;
@@ -36,49 +32,7 @@ inline __m128i all(char byte)
   return _mm_set1_epi8(byte);
 }
 
-/// Zero where a byte is `first` or at most `count - 1` above it.
-inline __m128i distanceFrom(__m128i bytes, char first, char count)
-{
-  return _mm_subs_epu8(_mm_sub_epi8(bytes, all(first)), all(static_cast<char>(count - 1)));
-}
-
-inline bool isZero(__m128i bytes)
-{
-  return _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_setzero_si128())) == 0xFFFF;
-}
-
-bool areDecimal(const char* text, std::size_t length) noexcept
-{
-  std::size_t i = 0;
-  for (; i + width <= length; i += width)
-    if (!isZero(distanceFrom(load(text + i), '0', 10)))
-      return false;
-  return portableDigitLoops().areDecimal(text + i, length - i);
-}
-
-bool areHexadecimal(const char* text, std::size_t length) noexcept
-{
-  std::size_t i = 0;
-  for (; i + width <= length; i += width) {
-    const __m128i bytes = load(text + i);
-    const __m128i notDigit = distanceFrom(bytes, '0', 10);
-    const __m128i notLetter = distanceFrom(_mm_or_si128(bytes, all(0x20)), 'a', 6);
-    if (!isZero(_mm_min_epu8(notDigit, notLetter)))
-      return false;
-  }
-  return portableDigitLoops().areHexadecimal(text + i, length - i);
-}
-
-bool areBinary(const char* text, std::size_t length) noexcept
-{
-  std::size_t i = 0;
-  for (; i + width <= length; i += width)
-    if (!isZero(distanceFrom(load(text + i), '0', 2)))
-      return false;
-  return portableDigitLoops().areBinary(text + i, length - i);
-}
-
-inline __m128i hexadecimalDigits(__m128i halves)
+inline __m128i digitsOf(__m128i halves)
 {
   const __m128i isLetter = _mm_cmpgt_epi8(halves, all(9));
   return _mm_add_epi8(_mm_add_epi8(halves, all('0')), _mm_and_si128(isLetter, all('A' - '9' - 1)));
@@ -89,12 +43,12 @@ void bytesToHexadecimal(const unsigned char* bytes, std::size_t length, char* di
   std::size_t i = 0;
   for (; i + width <= length; i += width) {
     const __m128i both = load(bytes + i), lowest = all(15);
-    const __m128i high = hexadecimalDigits(_mm_and_si128(_mm_srli_epi16(both, 4), lowest));
-    const __m128i low = hexadecimalDigits(_mm_and_si128(both, lowest));
+    const __m128i high = digitsOf(_mm_and_si128(_mm_srli_epi16(both, 4), lowest));
+    const __m128i low = digitsOf(_mm_and_si128(both, lowest));
     store(digits + 2 * i, _mm_unpacklo_epi8(high, low));
     store(digits + 2 * i + width, _mm_unpackhi_epi8(high, low));
   }
-  portableDigitLoops().bytesToHexadecimal(bytes + i, length - i, digits + 2 * i);
+  portableDigitLoops.bytesToHexadecimal(bytes + i, length - i, digits + 2 * i);
 }
 
 /// The bytes that sixteen digits make, each in the lower half of 16 bits.
@@ -111,7 +65,7 @@ void hexadecimalToBytes(const char* digits, std::size_t length, unsigned char* b
   std::size_t i = 0;
   for (; i + 2 * width <= length; i += 2 * width)
     store(bytes + i / 2, _mm_packus_epi16(pairedUp(load(digits + i)), pairedUp(load(digits + i + width))));
-  portableDigitLoops().hexadecimalToBytes(digits + i, length - i, bytes + i / 2);
+  portableDigitLoops.hexadecimalToBytes(digits + i, length - i, bytes + i / 2);
 }
 
 /// The digits of the first and of the second eight bytes: every bit's byte with all other bits masked out.
@@ -142,15 +96,19 @@ void bytesToBinary(const unsigned char* bytes, std::size_t length, char* digits)
     storeBinaryOfEight(digits + 8 * i, _mm_unpacklo_epi8(sixteen, sixteen));
     storeBinaryOfEight(digits + 8 * i + 4 * width, _mm_unpackhi_epi8(sixteen, sixteen));
   }
-  portableDigitLoops().bytesToBinary(bytes + i, length - i, digits + 8 * i);
+  portableDigitLoops.bytesToBinary(bytes + i, length - i, digits + 8 * i);
 }
 
-constexpr auto reversedBits = [] {
-  std::array<unsigned char, 256> reversed{};
-  for (unsigned byte = 0; byte < reversed.size(); ++byte)
+struct ReversedBits {
+  unsigned char of[256];
+};
+
+constexpr ReversedBits reversedBits = [] {
+  ReversedBits reversed{};
+  for (unsigned byte = 0; byte < 256; ++byte)
     for (unsigned bit = 0; bit < 8; ++bit)
       if ((byte >> bit & 1) != 0)
-        reversed[byte] = static_cast<unsigned char>(reversed[byte] | 0x80u >> bit);
+        reversed.of[byte] = static_cast<unsigned char>(reversed.of[byte] | 0x80u >> bit);
   return reversed;
 }();
 
@@ -160,24 +118,16 @@ void binaryToBytes(const char* digits, std::size_t length, unsigned char* bytes)
   for (; i + width <= length; i += width) {
     // The lowest bit of each digit, moved to the highest place, is gathered; the first digit's comes out lowest.
     const unsigned bits = static_cast<unsigned>(_mm_movemask_epi8(_mm_slli_epi16(load(digits + i), 7)));
-    bytes[i / 8] = reversedBits[bits & 0xFF];
-    bytes[i / 8 + 1] = reversedBits[bits >> 8];
+    bytes[i / 8] = reversedBits.of[bits & 0xFF];
+    bytes[i / 8 + 1] = reversedBits.of[bits >> 8];
   }
-  portableDigitLoops().binaryToBytes(digits + i, length - i, bytes + i / 8);
+  portableDigitLoops.binaryToBytes(digits + i, length - i, bytes + i / 8);
 }
-
-const DigitLoops loops = {
-  "SSE2", areDecimal, areHexadecimal, areBinary, bytesToHexadecimal, hexadecimalToBytes, bytesToBinary, binaryToBytes};
 
 }  // namespace
 
-#ifdef __clang__
-#  pragma clang attribute pop
-#else
-#  pragma GCC pop_options
-#endif
+constinit const DigitLoops quelmcl::detail::sse2DigitLoops = {
+  Instructions::sse2, bytesToHexadecimal, hexadecimalToBytes, bytesToBinary, binaryToBytes,
+};
 
-const DigitLoops* quelmcl::detail::sse2DigitLoops() noexcept
-{
-  return __builtin_cpu_supports("sse2") ? &loops : nullptr;
-}
+QUELMCL_END_INSTRUCTIONS

@@ -183,7 +183,7 @@ void multiplyHalves(Limb* product, const Limb* a, const Limb* b, std::size_t len
 
 std::size_t transformsFrom() noexcept
 {
-  return bestSteps().worthFromWords[limbBits == 64] / wordsPerLimb;
+  return transformForms.inUse().worthFromWords[limbBits == 64] / wordsPerLimb;
 }
 
 bool isForTransforms(std::size_t shorterFactor, std::size_t words) noexcept

@@ -11,6 +11,8 @@
 #ifndef QUELMCL_SRC_KERNELS_TRANSFORMSTEPS_HPP
 #define QUELMCL_SRC_KERNELS_TRANSFORMSTEPS_HPP
 
+#include "kernels/processor.hpp"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -107,9 +109,9 @@ struct Roots {
   bool hasThreeParts;  ///< the length is three times a power of two
 };
 
-/// One form of the inner loops. All of them give the same numbers. Lengths are in words.
+/// One form of the inner loops. Lengths are in words.
 struct TransformSteps {
-  const char* name;
+  Instructions needed;
   /// From how many words of the shorter factor on a product by transforms is faster than one by halves: with limbs of 32
   /// bits, and of 64. Measured, see docs/radix.md.
   std::size_t worthFromWords[2];
@@ -126,12 +128,10 @@ struct TransformSteps {
   void (*combine)(const std::uint32_t* first, std::uint32_t* second, std::uint32_t* third, std::size_t length) noexcept;
 };
 
-/// The forms there are, the best one last; null where this machine cannot run it.
-const TransformSteps* portableSteps() noexcept;
-const TransformSteps* sse2Steps() noexcept;
-const TransformSteps* avx2Steps() noexcept;
-/// The best one for this machine.
-const TransformSteps& bestSteps() noexcept;
+extern const TransformSteps portableSteps;
+extern const TransformSteps sse2Steps;
+extern const TransformSteps avx2Steps;
+extern const Forms<TransformSteps> transformForms;
 
 }  // namespace quelmcl::detail
 

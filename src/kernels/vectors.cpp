@@ -1,12 +1,12 @@
-// vectors.cpp - the form of the loops for any processor, and the choice between the forms.
+// vectors.cpp - the form of the loops for any processor, and which processor gets which.
 // Tests: tests/kernels/vectors_test.cpp
 #include "kernels/vectors.hpp"
 
 #include "kernels/ascii.hpp"
 #include "kernels/bytes.hpp"
+#include "kernels/whitespace.hpp"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 
 namespace quelmcl::detail {
@@ -100,51 +100,21 @@ void bitExclusiveOr(char* text, const char* other, std::size_t length) noexcept
 }  // namespace
 
 const Vectors portableVectors = {
-  "portable", firstPair, lastPair, firstMember, lastMember, asciiPrefixOf,  whiteSpace,
-  lower,      upper,     reverse,  bitAnd,      bitOr,      bitExclusiveOr,
+  Instructions::portable,
+  firstPair,
+  lastPair,
+  firstMember,
+  lastMember,
+  asciiPrefixOf,
+  whiteSpace,
+  lower,
+  upper,
+  reverse,
+  bitAnd,
+  bitOr,
+  bitExclusiveOr,
 };
 
-// ---- the choice ----
-
-const Vectors* chosenVectors = nullptr;
-
-namespace {
-
-struct Available {
-  Available() noexcept
-  {
-    const Vectors** next = forms;
-    *next++ = &portableVectors;
-#if defined(__i386__) || defined(__x86_64__)
-    if (__builtin_cpu_supports("ssse3"))
-      *next++ = &ssse3Vectors;
-    if (__builtin_cpu_supports("avx2"))
-      *next++ = &avx2Vectors;
-#endif
-    *next = nullptr;
-  }
-  const Vectors* forms[4];
-};
-
-}  // namespace
-
-const Vectors* const* availableVectors() noexcept
-{
-  static const Available available;
-  return available.forms;
-}
-
-const Vectors& chooseVectors() noexcept
-{
-  const char* const named = secure_getenv("QUELMCL_VECTORS");
-  const Vectors* chosen = nullptr;
-  for (const Vectors* const* form = availableVectors(); *form != nullptr; ++form) {
-    chosen = *form;
-    if (named != nullptr && std::strcmp(chosen->name, named) == 0)
-      break;
-  }
-  __atomic_store_n(&chosenVectors, chosen, __ATOMIC_RELAXED);
-  return *chosen;
-}
+constinit const Forms<Vectors> vectorForms(portableVectors, portableVectors, ssse3Vectors, avx2Vectors);
 
 }  // namespace quelmcl::detail

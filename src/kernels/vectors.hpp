@@ -4,6 +4,7 @@
 #define QUELMCL_SRC_KERNELS_VECTORS_HPP
 
 #include "kernels/byteset.hpp"
+#include "kernels/processor.hpp"
 #include "kernels/scan.hpp"
 
 #include <cstddef>
@@ -11,9 +12,9 @@
 
 namespace quelmcl::detail {
 
-/// One form of all loops. Every form gives the same results; none reads or writes outside of what it is given.
+/// One form of all loops. None reads or writes outside of what it is given.
 struct Vectors {
-  const char* name;
+  Instructions needed;
 
   /// The first of `places` places, from `begin` on, where `first` stands, with `last` so many bytes behind it; nowhere
   /// when there is none. All places with what is behind them are in the text.
@@ -50,18 +51,12 @@ extern const Vectors portableVectors;
 extern const Vectors ssse3Vectors;
 extern const Vectors avx2Vectors;
 
-/// The forms that this processor has, from the narrowest to the widest, and a null behind them.
-const Vectors* const* availableVectors() noexcept;
+extern const Forms<Vectors> vectorForms;
 
-extern const Vectors* chosenVectors;
-const Vectors& chooseVectors() noexcept;
-
-/// The widest form that there is; or the one that the environment variable QUELMCL_VECTORS names, for tests. Chosen
-/// once a process.
+/// The form in use.
 inline const Vectors& vectors() noexcept
 {
-  const Vectors* const chosen = __atomic_load_n(&chosenVectors, __ATOMIC_RELAXED);
-  return chosen != nullptr ? *chosen : chooseVectors();
+  return vectorForms.inUse();
 }
 
 /// Vectors::firstMember and lastMember; short texts are not worth a call.
@@ -76,6 +71,12 @@ inline std::size_t findLastMember(const char* text, std::size_t length, const By
   if (length >= shortestForVectors)
     return vectors().lastMember(text, length, set, wanted);
   return lastWhere(text, length, [&](char byte) { return set.has(byte) == wanted; });
+}
+
+/// Whether all bytes of a text are in a set; so are those of the empty text.
+inline bool hasOnly(const char* text, std::size_t length, const ByteSet& set) noexcept
+{
+  return findMember(text, length, set, false) == nowhere;
 }
 
 }  // namespace quelmcl::detail

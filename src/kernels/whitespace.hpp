@@ -1,4 +1,4 @@
-// whitespace.hpp - where words begin and end, 64 bytes at a time.
+// whitespace.hpp - what separates words, and where words begin and end, 64 bytes at a time.
 // Tests: tests/kernels/whitespace_test.cpp
 #ifndef QUELMCL_SRC_KERNELS_WHITESPACE_HPP
 #define QUELMCL_SRC_KERNELS_WHITESPACE_HPP
@@ -10,6 +10,15 @@
 #include <cstring>
 
 namespace quelmcl::detail {
+
+/// The characters that separate words: these six in every locale.
+inline constexpr char wordSeparators[] = "\t\n\v\f\r ";
+inline constexpr unsigned wordSeparatorCount = sizeof wordSeparators - 1;
+
+constexpr bool isWhiteSpace(char byte) noexcept
+{
+  return byte == ' ' || (byte >= '\t' && byte <= '\r');
+}
 
 /// Finds white space and what is none. The text must not change meanwhile. Places that do not decrease cost one pass
 /// over the text together.

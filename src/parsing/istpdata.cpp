@@ -2,14 +2,16 @@
 // Tests: tests/parsing/parser_test.cpp
 #include "parsing/istpdata.hpp"
 
+#include "kernels/whitespace.hpp"
+
 #include <algorithm>
 #include <climits>
 #include <cstring>
 #include <limits>
 
-namespace {
+using quelmcl::detail::wordSeparators;
 
-const char whiteSpace[] = "\t\n\v\f\r ";
+namespace {
 
 /// The next word of a text: where it begins (0 for none), where it ends, and where to go on, one white-space character
 /// behind it.
@@ -18,8 +20,8 @@ struct NextWord {
   {
     const unsigned long behindText = text.length() + 1ul;
     if (from < behindText)
-      start = text.indexOfAnyBut(whiteSpace, static_cast<unsigned>(from));
-    const unsigned space = start == 0 ? 0 : text.indexOfAnyOf(whiteSpace, static_cast<unsigned>(start));
+      start = text.indexOfAnyBut(wordSeparators, static_cast<unsigned>(from));
+    const unsigned space = start == 0 ? 0 : text.indexOfAnyOf(wordSeparators, static_cast<unsigned>(start));
     end = space == 0 ? behindText : space;
     next = space == 0 ? behindText : space + 1ul;
   }

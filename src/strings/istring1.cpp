@@ -4,6 +4,7 @@
 #include <quelmcl/istring.hpp>
 
 #include "kernels/digits.hpp"
+#include "kernels/vectors.hpp"
 #include "kernels/wildcard.hpp"
 
 #include <cstring>
@@ -243,7 +244,7 @@ IStringEnum::CharType IString::charType(unsigned pos) const
 
 int IString::isBinaryDigits() const
 {
-  return length() > 0 && quelmcl::detail::digitLoops().areBinary(pBuffer, length());
+  return length() > 0 && quelmcl::detail::hasOnly(pBuffer, length(), quelmcl::detail::binaryDigits);
 }
 
 int IString::isLike(const IString& aPattern, char zeroOrMore, char anyChar) const

@@ -25,6 +25,16 @@ std::vector<Word> wordList(const IBuffer& text)
   return words;
 }
 
+/// The word of that number from a position on, counted from `before` + 1; position 0 when there is none.
+Word wordNumbered(const IBuffer& text, unsigned long wordNumber, unsigned startPos = 1, unsigned long before = 0)
+{
+  WordReader reader(text, startPos);
+  for (Word word = reader.next(); word.pos != 0; word = reader.next())
+    if (++before == wordNumber)
+      return word;
+  return {0, 0};
+}
+
 }  // namespace
 
 // ---- counting and finding ----
@@ -38,34 +48,27 @@ unsigned long IString::indexOfWord(unsigned long wordNumber, unsigned long start
 {
   if (startPos == 0 || startPos > length())
     return 0;
-  WordReader reader(*buffer(), static_cast<unsigned>(startPos));
-  for (Word word = reader.next(); word.pos != 0; word = reader.next())
-    if (++numWords == wordNumber)
-      return word.pos;
-  return 0;
+  return wordNumbered(*buffer(), wordNumber, static_cast<unsigned>(startPos), numWords).pos;
 }
 
 unsigned long IString::lengthOfWord(unsigned long wordNumber) const
 {
-  const unsigned start = static_cast<unsigned>(indexOfWord(wordNumber, 1, 0));
-  return start == 0 ? 0 : WordReader(*buffer(), start).next().len;
+  return wordNumbered(*buffer(), wordNumber).len;
 }
 
 // ---- extracting ----
 
 IString IString::word(unsigned long wordNumber) const
 {
-  const unsigned start = static_cast<unsigned>(indexOfWord(std::max(wordNumber, 1ul), 1, 0));
-  if (start == 0)
-    return IString();
-  return subString(start, WordReader(*buffer(), start).next().len, ' ');
+  const Word word = wordNumbered(*buffer(), std::max(wordNumber, 1ul));
+  return word.pos == 0 ? IString() : subString(word.pos, word.len, ' ');
 }
 
 IString IString::words(unsigned long firstWord, unsigned long numWords) const
 {
   if (numWords == 0)
     return IString();
-  const unsigned start = static_cast<unsigned>(indexOfWord(std::max(firstWord, 1ul), 1, 0));
+  const unsigned start = wordNumbered(*buffer(), std::max(firstWord, 1ul)).pos;
   if (start == 0)
     return IString();
 
@@ -122,7 +125,7 @@ IString& IString::removeWords(unsigned long firstWord, unsigned long numWords)
 {
   if (numWords == 0)
     return *this;
-  const unsigned start = static_cast<unsigned>(indexOfWord(firstWord, 1, 0));
+  const unsigned start = wordNumbered(*buffer(), firstWord).pos;
   if (start == 0)
     return *this;
   WordReader reader(*buffer(), start);

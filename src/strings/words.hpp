@@ -5,11 +5,9 @@
 #include "buffers/forwardsearch.hpp"
 #include "kernels/whitespace.hpp"
 
-namespace quelmcl::detail {
+#include <optional>
 
-/// The characters that separate words: these six in every locale.
-inline constexpr char whiteSpace[] = "\t\n\v\f\r ";
-inline constexpr unsigned whiteSpaceCount = sizeof whiteSpace - 1;
+namespace quelmcl::detail {
 
 /// A word of a text: where it begins (1-based) and how many bytes it has. No word has position and length 0.
 struct Word {
@@ -21,22 +19,21 @@ struct Word {
 class WordReader {
 public:
   explicit WordReader(const IBuffer& read, unsigned startPos = 1)
-    : text(read),
-      search(read),
-      separators(search.listOf(whiteSpace, whiteSpaceCount)),
-      isOfBytes(search.findsByBytes(separators)),
-      bytes(read.contents(), read.length()),
-      from(isOfBytes ? search.start(startPos) : startPos)
+    : text(read), search(read), bytes(read.contents(), read.length()), from(startPos)
   {
+    if (search.findsAsciiByBytes())
+      from = search.start(startPos);
+    else
+      separators.emplace(search.listOf(wordSeparators, wordSeparatorCount));
   }
 
   /// The next word, or position 0 when there is none.
-  Word next() { return isOfBytes ? nextOfBytes() : nextOfCharacters(); }
+  Word next() { return separators ? nextOfCharacters() : nextOfBytes(); }
 
   /// How many words there are from here on, all of them when none has been read yet. Nothing is left to read then.
   unsigned long countRest()
   {
-    if (isOfBytes && from <= 1)
+    if (!separators && from <= 1)
       return bytes.countWords();
     unsigned long count = 0;
     while (next().pos != 0)
@@ -59,20 +56,19 @@ private:
 
   Word nextOfCharacters()
   {
-    const unsigned start = from == 0 ? 0 : search.indexOfAnyBut(separators, from);
+    const unsigned start = from == 0 ? 0 : search.indexOfAnyBut(*separators, from);
     if (start == 0) {
       from = 0;
       return {0, 0};
     }
-    from = search.indexOfAnyOf(separators, start);
+    from = search.indexOfAnyOf(*separators, start);
     const unsigned end = from == 0 ? text.length() + 1 : from;
     return {start, end - start};
   }
 
   const IBuffer& text;
   ForwardSearch search;
-  CharacterList separators;
-  bool isOfBytes;  // white space is never a part of a longer character
+  std::optional<CharacterList> separators;  // none where white space is found by looking at bytes
   WhiteSpaceScan bytes;
   unsigned from;
 };

@@ -132,7 +132,7 @@ public:
   unsigned indexOfAnyBut(const IStringTest& test, unsigned startPos) const override
   {
     askedFrom.push_back(startPos);
-    passesDigits = test.test('7') != 0 && test.test('a') == 0;
+    passesDigits = test.test('7') != 0 && test.test('x') == 0;
     return answer;
   }
 
@@ -147,14 +147,17 @@ private:
 // Kinds with other ideas of a character take part in the classes by their searches alone.
 TEST(CharacterClasses, AreAskedOfTheSearchForACharacterThatFails)
 {
-  const Owned buffer(AskedBuffer::holding("abc"));
-  AskedBuffer::askedFrom.clear();
-  AskedBuffer::answer = 0;
-  EXPECT_TRUE(buffer->isDigits());
-  AskedBuffer::answer = 2;
-  EXPECT_FALSE(buffer->isDigits());
-  EXPECT_EQ(AskedBuffer::askedFrom, (std::vector<unsigned>{1, 1}));
-  EXPECT_TRUE(AskedBuffer::passesDigits);
+  for (const char* const text : {"abc", "123"}) {
+    const Owned buffer(AskedBuffer::holding(text));
+    AskedBuffer::askedFrom.clear();
+    AskedBuffer::answer = 0;
+    EXPECT_TRUE(buffer->isDigits()) << text;
+    AskedBuffer::answer = 2;
+    EXPECT_FALSE(buffer->isDigits()) << text;
+    EXPECT_FALSE(buffer->isHexDigits()) << text;
+    EXPECT_EQ(AskedBuffer::askedFrom, (std::vector<unsigned>{1, 1, 1})) << text;
+    EXPECT_TRUE(AskedBuffer::passesDigits);
+  }
 }
 
 // ---------------------------------------------------------------------------------------------------------------------

@@ -27,6 +27,13 @@ TEST(ByteSet, OfNothingHasNoByte)
   EXPECT_EQ(membersOf(ByteSet("abc", 0)), "");
 }
 
+TEST(ByteSet, IsReadyWhenTheProgramIsBuilt)
+{
+  constexpr ByteSet set("a\xFF", 2);
+  static_assert(set.has('a') && set.has('\xFF') && !set.has('b') && !ByteSet().has('\0'), "known to the compiler");
+  EXPECT_EQ(membersOf(set), "a\xFF");
+}
+
 TEST(ByteSet, OfOneByteHasThatByteOnly)
 {
   for (int byte = 0; byte < 256; ++byte) {

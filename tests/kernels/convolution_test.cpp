@@ -1,26 +1,15 @@
 // convolution_test.cpp - kernels: products by number-theoretic transforms, with each form of the loops.
 #include "kernels/convolution.hpp"
 
+#include "forms.hpp"
 #include "random_numbers.hpp"
 
 #include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 using namespace kerneltests;
 using namespace quelmcl::detail;
 
 namespace {
-
-std::vector<const TransformSteps*> formsOnThisMachine()
-{
-  std::vector<const TransformSteps*> forms;
-  for (const TransformSteps* const steps : {portableSteps(), sse2Steps(), avx2Steps()})
-    if (steps != nullptr)
-      forms.push_back(steps);
-  return forms;
-}
 
 TEST(SpectrumLength, IsTheNextPowerOfTwoOrThreeTimesOne)
 {
@@ -81,10 +70,8 @@ protected:
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Forms, Convolution, testing::ValuesIn(formsOnThisMachine()),
-                         [](const testing::TestParamInfo<const TransformSteps*>& row) {
-                           return std::string(row.param->name);
-                         });
+INSTANTIATE_TEST_SUITE_P(Forms, Convolution, testing::ValuesIn(formsOnThisMachine(transformForms)),
+                         nameOfForm<TransformSteps>);
 
 const std::size_t allLengths[] = {8, 16, 24, 32, 48, 64, 96, 128, 192, 256, 384, 512, 768, 1536, 2048};
 
@@ -128,7 +115,7 @@ TEST_P(Convolution, OfLongNumbersIsThatOfTheOtherForms)
   RandomNumbers random;
   for (const std::size_t words : {std::size_t{1} << 15, std::size_t{3} << 15}) {
     const Number a = random.number(words / wordsPerLimb), b = random.number(words / wordsPerLimb);
-    const Transformer transformer(words, *portableSteps());
+    const Transformer transformer(words, portableSteps);
     Spectrum product(transformer, a.data(), a.size(), words);
     product.multiplyBy(Spectrum(transformer, b.data(), b.size(), words));
     Number expected(words / wordsPerLimb);

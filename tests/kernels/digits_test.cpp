@@ -1,6 +1,7 @@
 // digits_test.cpp - kernels: bytes to hexadecimal and binary digits and back, by each form of the loops.
 #include "kernels/digits.hpp"
 
+#include "forms.hpp"
 #include "placed_text.hpp"
 #include "support/radix_reference.hpp"
 #include "support/random_texts.hpp"
@@ -10,18 +11,12 @@
 #include <memory>
 #include <string>
 
+using kerneltests::formsOnThisMachine;
+using kerneltests::nameOfForm;
 using quelmcl::detail::DigitLoops;
 using quelmcl_test::RandomTexts;
 
 namespace {
-
-std::vector<const DigitLoops*> formsOnThisMachine()
-{
-  std::vector<const DigitLoops*> forms = {&quelmcl::detail::portableDigitLoops()};
-  if (const DigitLoops* const faster = quelmcl::detail::sse2DigitLoops())
-    forms.push_back(faster);
-  return forms;
-}
 
 class DigitKernels : public testing::TestWithParam<const DigitLoops*> {
 protected:
@@ -48,10 +43,8 @@ protected:
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Forms, DigitKernels, testing::ValuesIn(formsOnThisMachine()),
-                         [](const testing::TestParamInfo<const DigitLoops*>& row) {
-                           return std::string(row.param->name);
-                         });
+INSTANTIATE_TEST_SUITE_P(Forms, DigitKernels, testing::ValuesIn(formsOnThisMachine(quelmcl::detail::digitForms)),
+                         nameOfForm<DigitLoops>);
 
 TEST_P(DigitKernels, WriteEveryByte)
 {
@@ -83,27 +76,16 @@ TEST_P(DigitKernels, ReadHexadecimalDigitsOfEitherCase)
             reference::x2c("abcdefABCDEF0123"));
 }
 
-TEST_P(DigitKernels, KnowEveryDigitAtEveryPlace)
+TEST(DigitSets, HaveTheDigitsAndNothingElse)
 {
-  for (const std::size_t length : {1u, 15u, 16u, 17u, 33u, 64u})
-    for (std::size_t place = 0; place < length; ++place)
-      for (int byte = 0; byte < 256; ++byte) {
-        std::string text(length, '1');
-        text[place] = static_cast<char>(byte);
-        const bool isBinary = byte == '0' || byte == '1', isDecimal = byte >= '0' && byte <= '9';
-        const bool isHexadecimal = isDecimal || (byte >= 'a' && byte <= 'f') || (byte >= 'A' && byte <= 'F');
-        ASSERT_EQ(loops().areBinary(text.data(), length), isBinary) << byte << " at " << place << " of " << length;
-        ASSERT_EQ(loops().areDecimal(text.data(), length), isDecimal) << byte << " at " << place << " of " << length;
-        ASSERT_EQ(loops().areHexadecimal(text.data(), length), isHexadecimal)
-          << byte << " at " << place << " of " << length;
-      }
-}
-
-TEST_P(DigitKernels, TakeNoTextForDigits)
-{
-  EXPECT_TRUE(loops().areBinary("", 0));
-  EXPECT_TRUE(loops().areDecimal("", 0));
-  EXPECT_TRUE(loops().areHexadecimal("", 0));
+  for (int code = 0; code < 256; ++code) {
+    const char byte = static_cast<char>(code);
+    const bool isDecimal = code >= '0' && code <= '9';
+    const bool isLetter = (code >= 'a' && code <= 'f') || (code >= 'A' && code <= 'F');
+    EXPECT_EQ(quelmcl::detail::binaryDigits.has(byte), code == '0' || code == '1') << code;
+    EXPECT_EQ(quelmcl::detail::decimalDigits.has(byte), isDecimal) << code;
+    EXPECT_EQ(quelmcl::detail::hexadecimalDigits.has(byte), isDecimal || isLetter) << code;
+  }
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // alignment, at the very end of the memory that may be read, and touches nothing else.
 #include "kernels/vectors.hpp"
 
+#include "forms.hpp"
 #include "kernels/bytes.hpp"
 #include "support/random_texts.hpp"
 
@@ -14,8 +15,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <vector>
 
+using kerneltests::formsOnThisMachine;
+using kerneltests::nameOfForm;
 using quelmcl::detail::ByteSet;
 using quelmcl::detail::nowhere;
 using quelmcl::detail::Vectors;
@@ -210,32 +212,22 @@ TEST_P(VectorForms, CombineBits)
   }
 }
 
-std::vector<const Vectors*> available()
+TEST(HasOnly, HoldsForTextsOfMembersAlone)
 {
-  std::vector<const Vectors*> forms;
-  for (const Vectors* const* form = quelmcl::detail::availableVectors(); *form != nullptr; ++form)
-    forms.push_back(*form);
-  return forms;
-}
-
-INSTANTIATE_TEST_SUITE_P(All, VectorForms, testing::ValuesIn(available()),
-                         [](const testing::TestParamInfo<const Vectors*>& form) {
-                           return std::string(form.param->name);
-                         });
-
-TEST(VectorChoice, IsTheWidestFormUnlessTheEnvironmentNamesOne)
-{
-  const std::vector<const Vectors*> forms = available();
-  unsetenv("QUELMCL_VECTORS");
-  EXPECT_EQ(&quelmcl::detail::chooseVectors(), forms.back());
-  for (const Vectors* const form : forms) {
-    setenv("QUELMCL_VECTORS", form->name, 1);
-    EXPECT_STREQ(quelmcl::detail::chooseVectors().name, form->name);
-    EXPECT_EQ(&quelmcl::detail::vectors(), form);
+  constexpr ByteSet set("ab", 2);
+  EXPECT_TRUE(quelmcl::detail::hasOnly("", 0, set));
+  for (std::size_t length = 1; length <= 70; ++length) {
+    std::string text(length, 'b');
+    EXPECT_TRUE(quelmcl::detail::hasOnly(text.data(), length, set)) << length;
+    for (std::size_t at = 0; at < length; ++at) {
+      text[at] = 'c';
+      EXPECT_FALSE(quelmcl::detail::hasOnly(text.data(), length, set)) << at << " of " << length;
+      text[at] = 'a';
+    }
   }
-  setenv("QUELMCL_VECTORS", "abacus", 1);
-  EXPECT_EQ(&quelmcl::detail::chooseVectors(), forms.back());
-  unsetenv("QUELMCL_VECTORS");
 }
+
+INSTANTIATE_TEST_SUITE_P(All, VectorForms, testing::ValuesIn(formsOnThisMachine(quelmcl::detail::vectorForms)),
+                         nameOfForm<Vectors>);
 
 }  // namespace

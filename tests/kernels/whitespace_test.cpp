@@ -28,6 +28,16 @@ std::string textWithRuns(RandomTexts& random)
   return text;
 }
 
+TEST(WordSeparators, AreTheWhiteSpaceBytes)
+{
+  const std::string separators(quelmcl::detail::wordSeparators, quelmcl::detail::wordSeparatorCount);
+  EXPECT_EQ(separators, whiteSpace);
+  for (int code = 0; code < 256; ++code) {
+    const char byte = static_cast<char>(code);
+    EXPECT_EQ(quelmcl::detail::isWhiteSpace(byte), whiteSpace.find(byte) != std::string::npos) << code;
+  }
+}
+
 TEST(WhiteSpaceScan, FindsTheFirstPlaceFromAnyOn)
 {
   RandomTexts random;
