@@ -1,7 +1,9 @@
 # How tests are built and registered.
 
-# A process for each test keeps tests from leaning on each other. Where starting a process is slow, as with sanitizers, that would cost
-# minutes; there one process runs all tests of a folder, which also shows what earlier tests do to later ones.
+# A process for each test suite (what stands before the point in a test's name) keeps suites from leaning on each other. A process for
+# each test would cost minutes: the test framework takes some 20 ms to set up a program of a thousand tests, whichever of them runs. Where
+# starting a process is slower still, as with sanitizers, one process runs all tests of a folder, which also shows what earlier tests do
+# to later ones.
 option(QUELMCL_TEST_WHOLE_PROGRAMS "Run all tests of a folder in one process, as one test" OFF)
 
 # The locales that tests run in beyond C and C.UTF-8 are compiled into the build folder: no machine needs to have them.
@@ -25,7 +27,7 @@ endforeach()
 
 # quelmcl_add_test(<folder> SOURCES <file>... [LIBRARY_SOURCES <file>...] [LIBRARY <target>] [LOCALES <locale>...])
 #
-# Builds the test program of a folder and registers each of its tests once for every locale: plainly for C, with "utf8/" before the
+# Builds the test program of a folder and registers each of its suites once for every locale: plainly for C, with "utf8/" before the
 # name for C.UTF-8, and likewise for the others. A folder without sources yet is skipped. LIBRARY_SOURCES, relative to src/, are
 # compiled into the program: what the library does not export is tested that way. LIBRARY is tested instead of the library that is
 # shipped.
@@ -57,6 +59,12 @@ function(quelmcl_add_test folder)
   endif()
   target_link_libraries(${program} PRIVATE ${arg_LIBRARY} quelmcl_test_main)
   add_dependencies(${program} quelmcl_catalogs quelmcl_locales)
+  set(suites ${CMAKE_CURRENT_BINARY_DIR}/${program}_suites.cmake)
+  add_custom_command(TARGET ${program} POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -DPROGRAM=$<TARGET_FILE:${program}> -DOUTPUT=${suites}
+      -P ${PROJECT_SOURCE_DIR}/cmake/QuelmclTestSuites.cmake
+    BYPRODUCTS ${suites}
+    VERBATIM)
 
   foreach(locale IN LISTS arg_LOCALES)
     if(locale STREQUAL "C")
@@ -69,22 +77,27 @@ function(quelmcl_add_test folder)
     set(environment ${testEnvironment} QUELMCL_TEST_LOCALE=${locale})
     if(QUELMCL_TEST_WHOLE_PROGRAMS)
       quelmcl_add_command_test(${prefix}all ${program})
-      set_tests_properties(${prefix}all PROPERTIES LABELS ${folder} ENVIRONMENT "${environment}")
+      set_tests_properties(${prefix}all PROPERTIES LABELS ${folder} SKIP_RETURN_CODE 77 ENVIRONMENT "${environment}")
       continue()
     endif()
 
-    string(MAKE_C_IDENTIFIER ${prefix}tests discovered)
-    # The values of parameters stay out of the names: they are texts with quotes and NULs.
-    gtest_discover_tests(${program}
-      TEST_PREFIX ${prefix} TEST_LIST ${discovered} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
-      PROPERTIES TIMEOUT 300 LABELS ${folder})
     # The names are known when ctest starts, and so is the first moment for properties that are lists.
-    file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${discovered}.cmake @ONLY CONTENT [[
-set_tests_properties(${@discovered@} PROPERTIES
-  ENVIRONMENT "@environment@"
-  ENVIRONMENT_MODIFICATION "@testEnvironmentChanges@")
+    string(MAKE_C_IDENTIFIER ${prefix}tests.cmake registration)
+    file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${registration} @ONLY CONTENT [[
+set(suites)
+include("@CMAKE_CURRENT_BINARY_DIR@/@program@_suites.cmake" OPTIONAL)
+if(NOT suites)
+  add_test("@prefix@program_that_is_not_built" "@program@ is not built")
+endif()
+foreach(suite IN LISTS suites)
+  add_test("@prefix@${suite}" "@CMAKE_CURRENT_BINARY_DIR@/@program@" "--gtest_filter=${suite}.*")
+  set_tests_properties("@prefix@${suite}" PROPERTIES
+    TIMEOUT 300 LABELS "@folder@" SKIP_RETURN_CODE 77 WORKING_DIRECTORY "@CMAKE_CURRENT_BINARY_DIR@"
+    ENVIRONMENT "@environment@"
+    ENVIRONMENT_MODIFICATION "@testEnvironmentChanges@")
+endforeach()
 ]])
-    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${discovered}.cmake)
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${registration})
   endforeach()
 endfunction()
 

@@ -1,6 +1,6 @@
 // istring7.cpp - IString, editing front-ends: nothing to do, or hold what the buffer makes of the text. (Digit 7 is
 // always editing: docs/architecture.md)
-// Tests: tests/strings/editing_test.cpp
+// Tests: tests/strings/editing_test.cpp, editing_promises_test.cpp, editing_random_test.cpp
 #include <quelmcl/istring.hpp>
 
 #include <cctype>

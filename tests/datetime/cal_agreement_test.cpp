@@ -1,4 +1,6 @@
 // cal_agreement_test.cpp - pages of months as the program cal prints them, which has the same changeover in 1752.
+#include "support/lacking_package.hpp"
+
 #include <quelmcl/idate.hpp>
 #include <quelmcl/istring.hpp>
 
@@ -65,7 +67,7 @@ protected:
   void SetUp() override
   {
     if (calsPageOf(1, 2000).empty())
-      GTEST_SKIP() << "there is no cal here; Debian has it in the package ncal";
+      QUELMCL_END_FOR_LACK_OF("ncal");
   }
 
   static void expectYear(int year)

@@ -12,12 +12,10 @@ while [ $# -gt 1 ]; do
 done
 work=${given[work]}
 
-skip() {
-  printf 'SKIPPED: %s\n' "$*"
-  exit 77
-}
+# shellcheck source=tests/support/ending.sh
+source "$folder/../support/ending.sh"
 
-command -v lldb >/dev/null || skip "there is no lldb here"
+command -v lldb >/dev/null || skip "there is no lldb here"  # which is large, and not among the packages that ./dev installs
 # Some distributions build lldb with another place for its modules than they install them to.
 for modules in "$(lldb -P)" /usr/lib/llvm-*/lib/python3*/dist-packages; do
   if [ -e "$modules/lldb/__init__.py" ]; then export PYTHONPATH=$modules; fi

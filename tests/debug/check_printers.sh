@@ -20,17 +20,15 @@ while [ $# -gt 1 ]; do
 done
 program=${given[program]} work=${given[work]} printers=${given[printers]}
 
-skip() {
-  printf 'SKIPPED: %s\n' "$*"
-  exit 77
-}
+# shellcheck source=tests/support/ending.sh
+source "$folder/../support/ending.sh"
 
 fail() {
   printf 'FAIL: %s\n' "$*"
   exit 1
 }
 
-command -v gdb >/dev/null || skip "there is no gdb here"
+command -v gdb >/dev/null || end_for_lack_of gdb
 rm -rf "$work"
 mkdir -p "$work"
 work=$(cd "$work" && pwd -P)  # gdb knows files by their real paths

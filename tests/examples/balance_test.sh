@@ -1,21 +1,10 @@
 #!/bin/bash
 # balance_test.sh PROGRAM SOURCE PAGE CASE - runs one case against the program, or compares it with the page that shows what it
-# prints. Status 0: passed, 1: failed.
-set -u
-export LC_ALL=C
-
-program=$1
+# prints.
+# shellcheck source=tests/examples/case.sh
+source "$(dirname "${BASH_SOURCE[0]}")/case.sh"
 source=$2
 page=$3
-case=$4
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
-
-fail() {
-  failures=$((failures + 1))
-  printf 'FAILED: %s\n' "$*"
-}
 
 printf 'rent 500\nbread 12\n' >"$work/list"
 printf 'rent 500\nbread twelve\n' >"$work/wrong"
@@ -41,10 +30,10 @@ expect_block() { # COMMENT FILE
 
 page_shows_what_is_printed() {
   run list KOLTA_TRACE=on
-  [ "$status" -eq 0 ] || fail "the status is $status"
+  expect_status 0
   expect_block 'printed: balance list, KOLTA_TRACE=on' "$work/out"
   run wrong KOLTA_TRACE=noprefix
-  [ "$status" -eq 1 ] || fail "the status is $status"
+  expect_status 1
   expect_block 'printed: balance wrong, KOLTA_TRACE=noprefix' "$work/out"
   expect_block 'said: balance wrong, KOLTA_TRACE=noprefix' "$work/err"
 }
@@ -66,24 +55,19 @@ page_shows_the_source() {
 no_trace_unless_it_is_wanted() {
   run list NOTHING=on
   [ "$(cat "$work/out")" = 512 ] || fail "standard output is $(cat "$work/out")"
-  [ ! -s "$work/err" ] || fail "something on standard error"
+  expect_no_errors
 }
 
 failures_are_told() {
   run wrong NOTHING=on
-  [ "$status" -eq 1 ] || fail "the status is $status"
-  [ ! -s "$work/out" ] || fail "something on standard output"
+  expect_status 1
+  expect_no_output
   printf 'balance: in the line: bread twelve\n  because: an amount has digits only\n' | diff - "$work/err" || fail "standard error"
   run none NOTHING=on
-  [ "$status" -eq 1 ] || fail "the status is $status"
+  expect_status 1
   echo 'balance: open:No such file or directory' | diff - "$work/err" || fail "standard error"
   "$program" 2>"$work/err" && fail "the status is 0"
   echo 'usage: balance FILE' | diff - "$work/err" || fail "standard error"
 }
 
-if [ "$(type -t "$case")" != function ]; then
-  echo "there is no case '$case'"
-  exit 1
-fi
-"$case"
-[ "$failures" -eq 0 ]
+run_case

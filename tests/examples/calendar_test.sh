@@ -1,36 +1,10 @@
 #!/bin/bash
-# calendar_test.sh PROGRAM CASE - runs one case against the program. Status 0: passed, 1: failed, 77: cannot be told here.
-set -u
-export LC_ALL=C  # unless a case says otherwise
-
-program=$1
-case=$2
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
+# calendar_test.sh PROGRAM CASE - runs one case against the program.
+# shellcheck source=tests/examples/case.sh
+source "$(dirname "${BASH_SOURCE[0]}")/case.sh"
 
 # ---- running and judging ----
 
-# Runs the program and keeps its standard output, standard error and status.
-run() {
-  "$program" "$@" >"$work/out" 2>"$work/err"
-  status=$?
-}
-
-fail() {
-  failures=$((failures + 1))
-  printf 'FAILED: %s\n' "$1"
-  printf -- '--- status %s\n--- standard output\n' "$status"
-  head -c 4000 "$work/out" | LC_ALL=C cat -v
-  printf -- '--- standard error\n'
-  head -c 4000 "$work/err" | LC_ALL=C cat -v
-}
-
-expect_status() { [ "$status" -eq "$1" ] || fail "the status is $status, not $1"; }
-expect_no_errors() { [ ! -s "$work/err" ] || fail "something on standard error"; }
-expect_error() {
-  printf '%s\n' "$@" | cmp -s - "$work/err" || fail "standard error is not '$*'"
-}
 # The page of these arguments is what comes on standard input.
 expect_page() {
   cat >"$work/expected"
@@ -40,21 +14,8 @@ expect_page() {
   diff "$work/expected" "$work/out" || fail "the page of '$*' is another one"
 }
 
-skip() {
-  printf 'SKIPPED: %s\n' "$1"
-  exit 77
-}
-
-# use_locale NAME SOURCE CHARACTER_SET: from here on the program runs in this locale, compiled for this case.
-use_locale() {
-  mkdir -p "$work/locales"
-  localedef --no-archive --quiet -i "$2" -f "$3" "$work/locales/$1" >/dev/null 2>&1
-  export LOCPATH=$work/locales LC_ALL=$1
-  [ "$(locale charmap 2>/dev/null)" = "$3" ] || skip "the locale $1 cannot be made here (package locales)"
-}
-
 need_cal() {
-  command -v cal >/dev/null || skip "there is no cal here (package ncal)"
+  command -v cal >/dev/null || end_for_lack_of ncal
 }
 
 # Without the blanks at the ends of lines, and without empty lines.
@@ -261,10 +222,7 @@ wrong_arguments() {
 }
 
 full_disk() {
-  [ -c /dev/full ] || skip "there is no /dev/full"
-  "$program" 2026 >/dev/full 2>"$work/err"
-  status=$?
-  : >"$work/out"
+  run_with_full_disk 2026
   expect_status 1
   expect_error 'calendar: the calendar could not be written'
 }
@@ -313,9 +271,4 @@ locale_that_is_not_there() {
   [ "$(head -n 1 "$work/out")" = '   September 1752' ] || fail "the title is another one"
 }
 
-if [ "$(type -t "$case")" != function ]; then
-  echo "there is no case '$case'"
-  exit 1
-fi
-"$case"
-[ "$failures" -eq 0 ]
+run_case

@@ -1,38 +1,11 @@
 #!/bin/bash
-# justify_test.sh PROGRAM CASE - runs one case against the program. Status 0: passed, 1: failed, 77: cannot be told here.
-set -u
+# justify_test.sh PROGRAM CASE - runs one case against the program.
+# shellcheck source=tests/examples/case.sh
+source "$(dirname "${BASH_SOURCE[0]}")/case.sh"
 export LC_ALL=C.UTF-8  # unless a case says otherwise
-
-program=$1
-case=$2
-data=$(cd "$(dirname "${BASH_SOURCE[0]}")/data" && pwd)
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
 
 # ---- running and judging ----
 
-# Runs the program and keeps its standard output, standard error and status.
-run() {
-  "$program" "$@" >"$work/out" 2>"$work/err"
-  status=$?
-}
-
-fail() {
-  failures=$((failures + 1))
-  printf 'FAILED: %s\n' "$1"
-  printf -- '--- status %s\n--- standard output\n' "$status"
-  head -c 4000 "$work/out" | LC_ALL=C cat -v
-  printf -- '--- standard error\n'
-  head -c 4000 "$work/err" | LC_ALL=C cat -v
-}
-
-expect_status() { [ "$status" -eq "$1" ] || fail "the status is $status, not $1"; }
-expect_no_errors() { [ ! -s "$work/err" ] || fail "something on standard error"; }
-expect_no_text() { [ ! -s "$work/out" ] || fail "something on standard output"; }
-expect_error() {
-  printf '%s\n' "$@" | cmp -s - "$work/err" || fail "standard error is not '$*'"
-}
 expect_file() { cmp "$1" "$work/out" || fail "the text is not that of ${1##*/}"; }
 
 # expect_text INPUT EXPECTED OPTION...: both are printf's %b, and end with a line feed that is added here.
@@ -60,30 +33,6 @@ expect_nothing_lost_of() {
   without_white_space "$1" >"$work/before"
   without_white_space "$work/out" >"$work/after"
   cmp "$work/before" "$work/after" || fail "the bytes are not those of the input"
-}
-
-skip() {
-  printf 'SKIPPED: %s\n' "$1"
-  exit 77
-}
-
-# use_locale NAME SOURCE CHARACTER_SET [THE SET'S NAME AMONG PROGRAMS]: from here on the program runs in this locale,
-# compiled for this case.
-use_locale() {
-  mkdir -p "$work/locales"
-  localedef --no-archive --quiet -i "$2" -f "$3" "$work/locales/$1" >/dev/null 2>&1
-  export LOCPATH=$work/locales LC_ALL=$1
-  [ "$(locale charmap 2>/dev/null)" = "${4:-$3}" ] || skip "the locale $1 cannot be made here (package locales)"
-}
-
-# Bytes of every value, the same in every run: printf %b makes them of the octal escapes that a small generator writes.
-write_random_bytes() {
-  printf '%b' "$(awk -v seed="$1" -v count="$2" 'BEGIN {
-    for (i = 0; i < count; ++i) {
-      seed = (seed * 16807) % 2147483647
-      printf "\\0%03o", int(seed / 64) % 256
-    }
-  }')"
 }
 
 # ---- layouts ----
@@ -270,10 +219,10 @@ empty_input_gives_empty_output() {
   run /dev/null
   expect_status 0
   expect_no_errors
-  expect_no_text
+  expect_no_output
   run - </dev/null
   expect_status 0
-  expect_no_text
+  expect_no_output
 }
 
 last_line_without_its_end() {
@@ -385,7 +334,7 @@ several_files() {
 missing_file() {
   run "$work/none"
   expect_status 1
-  expect_no_text
+  expect_no_output
   expect_error "justify: $work/none: No such file or directory"
   run ''
   expect_status 1
@@ -398,7 +347,7 @@ missing_file() {
 directory() {
   run "$work"
   expect_status 1
-  expect_no_text
+  expect_no_output
   expect_error "justify: $work: Is a directory"
   run - <"$work"
   expect_status 1
@@ -407,17 +356,9 @@ directory() {
 
 unreadable_file() {
   echo secret >"$work/secret"
-  chmod 000 "$work/secret"
-  local drop_privileges=()
-  if [ -r "$work/secret" ]; then  # root reads everything, unless it gives that up
-    drop_privileges=(setpriv --inh-caps=-all --bounding-set=-all)
-    "${drop_privileges[@]}" true || skip "this user may read everything and cannot give that up"
-    "${drop_privileges[@]}" test -r "$work/secret" && skip "this user may read everything whatever he gives up"
-  fi
-  "${drop_privileges[@]}" "$program" "$work/secret" >"$work/out" 2>"$work/err"
-  status=$?
+  run_with_unreadable "$work/secret"
   expect_status 1
-  expect_no_text
+  expect_no_output
   expect_error "justify: $work/secret: Permission denied"
 }
 
@@ -449,7 +390,7 @@ expect_wrong_usage() {
   shift
   run "$@" </dev/null
   expect_status 2
-  expect_no_text
+  expect_no_output
   expect_error "justify: $message"
 }
 
@@ -467,18 +408,10 @@ wrong_options() {
 }
 
 full_disk() {
-  [ -c /dev/full ] || skip "there is no /dev/full"
-  "$program" "$data/justify.txt" >/dev/full 2>"$work/err"
-  status=$?
-  : >"$work/out"
+  run_with_full_disk "$data/justify.txt"
   expect_status 1
   expect_error 'justify: the text could not be written'
 }
 
-[ "$(locale charmap 2>/dev/null)" = UTF-8 ] || skip "the locale C.UTF-8 is not there"
-if [ "$(type -t "$case")" != function ]; then
-  echo "there is no case '$case'"
-  exit 1
-fi
-"$case"
-[ "$failures" -eq 0 ]
+[ "$(locale charmap 2>/dev/null)" = UTF-8 ] || end_for_lack_of libc-bin
+run_case

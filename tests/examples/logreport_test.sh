@@ -1,39 +1,11 @@
 #!/bin/bash
-# logreport_test.sh PROGRAM CASE - runs one case against the program. Status 0: passed, 1: failed, 77: cannot be told here.
-set -u
-export LC_ALL=C  # bytes are bytes, for the tools of this script too
-
-program=$1
-case=$2
-data=$(cd "$(dirname "${BASH_SOURCE[0]}")/data" && pwd)
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
+# logreport_test.sh PROGRAM CASE - runs one case against the program.
+# shellcheck source=tests/examples/case.sh
+source "$(dirname "${BASH_SOURCE[0]}")/case.sh"
 
 # ---- running and judging ----
 
-# Runs the program and keeps its standard output, standard error and status. Input is nothing unless the caller redirects it.
-run() {
-  "$program" "$@" >"$work/out" 2>"$work/err"
-  status=$?
-}
-
-fail() {
-  failures=$((failures + 1))
-  printf 'FAILED: %s\n' "$1"
-  printf -- '--- status %s\n--- standard output\n' "$status"
-  head -c 4000 "$work/out" | cat -v
-  printf -- '--- standard error\n'
-  head -c 4000 "$work/err" | cat -v
-}
-
-expect_status() { [ "$status" -eq "$1" ] || fail "the status is $status, not $1"; }
 expect_line() { grep -Fxq -- "$1" "$work/out" || fail "no line '$1'"; }
-expect_no_errors() { [ ! -s "$work/err" ] || fail "something on standard error"; }
-expect_no_report() { [ ! -s "$work/out" ] || fail "something on standard output"; }
-expect_error() {
-  printf '%s\n' "$@" | cmp -s - "$work/err" || fail "standard error is not '$*'"
-}
 expect_page() { diff "$data/$1" "$work/out" || fail "the report is not $1"; }
 expect_width() {
   local widest
@@ -63,11 +35,6 @@ expect_section() {
   section "$1" | diff - "$work/expected" || fail "the section '$1' is not the expected one"
 }
 
-skip() {
-  printf 'SKIPPED: %s\n' "$1"
-  exit 77
-}
-
 # The parts of a chart and of the table of packages, as a few words of awk count them.
 count_actions() { cat "$@" | awk '{ ++n[$3] } END { for (a in n) print n[a], a }' | sort -k1,1nr -k2,2; }
 count_days() { cat "$@" | awk '{ ++n[$1] } END { for (d in n) print d, n[d] }' | sort; }
@@ -83,16 +50,6 @@ expect_counts_of() {
   count_packages "$@" >"$work/expected"
   section "Packages touched most" | awk 'NR > 1 { print $3, $1, $2 == "-" ? "" : $2 }' | diff - "$work/expected" ||
     fail "the packages are counted otherwise"
-}
-
-# Bytes of every value, the same in every run: printf %b makes them of the octal escapes that a small generator writes.
-write_random_bytes() {
-  printf '%b' "$(awk -v seed="$1" -v count="$2" 'BEGIN {
-    for (i = 0; i < count; ++i) {
-      seed = (seed * 16807) % 2147483647
-      printf "\\0%03o", int(seed / 64) % 256
-    }
-  }')"
 }
 
 # ---- the report ----
@@ -406,18 +363,18 @@ empty_input() {
   : >"$work/empty"
   run "$work/empty"
   expect_status 1
-  expect_no_report
+  expect_no_output
   expect_error "logreport: $work/empty: there is not a single line in it"
   run - </dev/null
   expect_status 1
-  expect_no_report
+  expect_no_output
   expect_error "logreport: -: there is not a single line in it"
 }
 
 missing_file() {
   run "$work/none"
   expect_status 1
-  expect_no_report
+  expect_no_output
   expect_error "logreport: $work/none: No such file or directory"
   run ""
   expect_status 1
@@ -430,27 +387,19 @@ missing_file() {
 directory() {
   run "$work"
   expect_status 1
-  expect_no_report
+  expect_no_output
   expect_error "logreport: $work: Is a directory"
   run - <"$work"
   expect_status 1
-  expect_no_report
+  expect_no_output
   expect_error "logreport: -: Is a directory"
 }
 
 unreadable_file() {
   cp "$data/sample.log" "$work/secret"
-  chmod 000 "$work/secret"
-  local drop_privileges=()
-  if [ -r "$work/secret" ]; then  # root reads everything, unless it gives that up
-    drop_privileges=(setpriv --inh-caps=-all --bounding-set=-all)
-    "${drop_privileges[@]}" true || skip "this user may read everything and cannot give that up"
-    "${drop_privileges[@]}" test -r "$work/secret" && skip "this user may read everything whatever he gives up"
-  fi
-  "${drop_privileges[@]}" "$program" "$work/secret" >"$work/out" 2>"$work/err"
-  status=$?
+  run_with_unreadable "$work/secret"
   expect_status 1
-  expect_no_report
+  expect_no_output
   expect_error "logreport: $work/secret: Permission denied"
 }
 
@@ -485,7 +434,7 @@ expect_wrong_usage() {
   shift
   run "$@" </dev/null
   expect_status 2
-  expect_no_report
+  expect_no_output
   [ "$(wc -l <"$work/err")" -eq 1 ] || fail "not one line on standard error"
   grep -Fq -- ": $rule" "$work/err" || fail "the message does not tell that $rule"
 }
@@ -513,22 +462,14 @@ wrong_options() {
 wrong_option_without_a_catalog() {
   NLSPATH="$work/%N" run --frob
   expect_status 2
-  expect_no_report
+  expect_no_output
   expect_error 'logreport: --frob is one of --help, --top, --width'
 }
 
 full_disk() {
-  [ -c /dev/full ] || skip "there is no /dev/full"
-  "$program" "$data/sample.log" >/dev/full 2>"$work/err"
-  status=$?
-  : >"$work/out"
+  run_with_full_disk "$data/sample.log"
   expect_status 1
   expect_error 'logreport: the report could not be written'
 }
 
-if [ "$(type -t "$case")" != function ]; then
-  echo "there is no case '$case'"
-  exit 1
-fi
-"$case"
-[ "$failures" -eq 0 ]
+run_case

@@ -1,36 +1,11 @@
 #!/bin/bash
-# radix_test.sh PROGRAM CASE - runs one case against the program. Status 0: passed, 1: failed, 77: cannot be told here.
-set -u
-export LC_ALL=C
-
-program=$1
-case=$2
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
+# radix_test.sh PROGRAM CASE - runs one case against the program.
+# shellcheck source=tests/examples/case.sh
+source "$(dirname "${BASH_SOURCE[0]}")/case.sh"
 
 # ---- running and judging ----
 
-# Runs the program on standard input as it is and keeps its standard output, standard error and status.
-run() {
-  "$program" "$@" >"$work/out" 2>"$work/err"
-  status=$?
-}
-
-fail() {
-  failures=$((failures + 1))
-  printf 'FAILED: %s\n' "$1"
-  printf -- '--- status %s\n--- standard output\n' "$status"
-  head -c 2000 "$work/out" | cat -v
-  printf -- '--- standard error\n'
-  head -c 2000 "$work/err" | cat -v
-}
-
-expect_status() { [ "$status" -eq "$1" ] || fail "the status is $status, not $1"; }
-expect_no_errors() { [ ! -s "$work/err" ] || fail "something on standard error"; }
-expect_error() { printf '%s\n' "$@" | cmp -s - "$work/err" || fail "standard error is not '$*'"; }
 expect_lines() { printf '%s\n' "$@" | cmp -s - "$work/out" || fail "the lines are not '$*'"; }
-expect_nothing() { [ ! -s "$work/out" ] || fail "something on standard output"; }
 expect_bytes() { printf '%b' "$1" | cmp - "$work/out" || fail "the bytes are not those of '$1'"; }
 
 # expect FROM TO NUMBER EXPECTED
@@ -92,7 +67,7 @@ empty_input_gives_empty_output() {
   run </dev/null
   expect_status 0
   expect_no_errors
-  expect_nothing
+  expect_no_output
 }
 
 bytes_in() {
@@ -141,7 +116,7 @@ very_long_numbers() {
 wrong_digits() {
   run 12a4 </dev/null
   expect_status 1
-  expect_nothing
+  expect_no_output
   expect_error "radix: 12a4: 'a' at place 3 is no decimal digit"
   run --from 2 102 </dev/null
   expect_error "radix: 102: '2' at place 3 is no binary digit"
@@ -189,15 +164,12 @@ wrong_options() {
   expect_error 'radix: --to is followed by 2, 10, 16 or bytes'
   run -5 </dev/null
   expect_status 2
-  expect_nothing
+  expect_no_output
   expect_error 'radix: there is no option -5; --help tells which there are'
 }
 
 full_disk() {
-  if [ ! -w /dev/full ]; then echo 'SKIPPED: there is no /dev/full'; exit 77; fi
-  "$program" 255 >/dev/full 2>"$work/err" </dev/null
-  status=$?
-  : >"$work/out"
+  run_with_full_disk 255 </dev/null
   expect_status 1
   expect_error 'radix: the numbers could not be written'
 }
@@ -208,5 +180,4 @@ directory() {
   expect_error 'radix: standard input could not be read'
 }
 
-"$case"
-[ "$failures" -eq 0 ]
+run_case

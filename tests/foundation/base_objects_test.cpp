@@ -154,7 +154,7 @@ TEST_P(ObjectAt, ShowsItsAddress)
 {
   const AddressCase& row = GetParam();
   StorageAt storage(row.address);
-  if (storage.place() == nullptr)
+  if (storage.place() == nullptr)  // a library, the stack or a sanitizer's shadow, which lie elsewhere in every process
     GTEST_SKIP() << "the address is taken in this process";
   const IBase* const object = new (storage.place()) IBase;
   EXPECT_EQ(std::string(object->asDebugInfo()), std::string("IBase(@") + digitsOf(row) + ")");

@@ -1,6 +1,7 @@
 // processes_test.cpp - whole programs: static objects of their own, the library linked in, opened, closed and there twice, and a
 // heap that is exhausted for real.
 #include "support/child_process.hpp"
+#include "support/sanitizer_heap.hpp"
 
 #include <gtest/gtest.h>
 
@@ -9,18 +10,14 @@
 #include <unistd.h>
 #include <vector>
 
+#ifndef QUELMCL_HEAP_OF_A_SANITIZER
+
 namespace {
 
 using quelmcl_test::ChildProcess;
 using quelmcl_test::runChild;
 
 const std::string exhausted = "The memory is exhausted: there is no room for what was to be stored.";
-
-#if defined(__SANITIZE_ADDRESS__)
-#  define SKIP_WITHOUT_A_REAL_HEAP() GTEST_SKIP() << "sanitizers have a heap of their own, which knows no new-handler"
-#else
-#  define SKIP_WITHOUT_A_REAL_HEAP() static_cast<void>(0)
-#endif
 
 // ---- static objects of a program ----
 
@@ -67,7 +64,6 @@ class StaticObjects : public testing::TestWithParam<const char*> {};
 
 TEST_P(StaticObjects, UseTheLibraryBeforeAndAfterMain)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const ChildProcess child = runChild({GetParam()}, {"KOLTA TRACE=noprefix"});
   const std::string expected =
     lifetimeTraceOf("before main") + lifetimeTraceOf("in main") + lifetimeTraceOf("after main");
@@ -83,7 +79,6 @@ TEST_P(StaticObjects, UseTheLibraryBeforeAndAfterMain)
 
 TEST_P(StaticObjects, ReportNothingWhileTheTraceIsOff)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const ChildProcess child = runChild({GetParam()});
   EXPECT_EQ(child.out, "");
   EXPECT_EQ(child.err, "");
@@ -104,7 +99,6 @@ const std::string outOfMemory = "IOutOfMemory 4 unrecoverable ibase:147\n";
 
 TEST(ReallyExhaustedHeap, EndsTheGrowthOfAString)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const ChildProcess child = lastByte("growAString");
   EXPECT_EQ(child.out, "1\n" + outOfMemory + "text: 1\n");
   EXPECT_EQ(child.err, "");
@@ -130,7 +124,6 @@ std::string repeated(const std::string& text, int count)
 
 TEST(ReallyExhaustedHeap, IsTheSameExceptionFromEveryOperationWithoutAByteLeft)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const ChildProcess child = lastByte("everyOperation");
   EXPECT_EQ(child.out, repeated(outOfMemory, 5) + "untouched\n");
   EXPECT_EQ(child.err, repeated(reportWithoutStorage, 5));
@@ -139,7 +132,6 @@ TEST(ReallyExhaustedHeap, IsTheSameExceptionFromEveryOperationWithoutAByteLeft)
 
 TEST(ReallyExhaustedHeap, LeavesOtherFailuresTheirClassesWithoutAByteLeft)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const ChildProcess child = lastByte("otherFailures");
   EXPECT_EQ(withLinesAs(child.out, "istring5:", "LINE"),
             "IInvalidRequest 1 recoverable file.cpp:12\n"
@@ -150,7 +142,6 @@ TEST(ReallyExhaustedHeap, LeavesOtherFailuresTheirClassesWithoutAByteLeft)
 
 TEST(ReallyExhaustedHeap, IsOverWhenStorageIsGivenBack)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const ChildProcess child = lastByte("again");
   EXPECT_EQ(child.out, repeated(outOfMemory, 3) + "16000\n");
   EXPECT_EQ(child.status, 0);
@@ -158,13 +149,11 @@ TEST(ReallyExhaustedHeap, IsOverWhenStorageIsGivenBack)
 
 TEST(ReallyExhaustedHeap, GivesNullToThoseWhoAskForThat)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   EXPECT_EQ(lastByte("nothrow").out, "1\n");
 }
 
 TEST(ReallyExhaustedHeap, CanStillBeTraced)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const ChildProcess child = lastByte("traced", {"KOLTA TRACE=noprefix", "KOLTA TRACETO=err"});
   EXPECT_EQ(child.err, "+work(5)\n  >no storage is needed for this\n-work\n");
   EXPECT_EQ(child.status, 0);
@@ -172,7 +161,7 @@ TEST(ReallyExhaustedHeap, CanStillBeTraced)
 
 // ---- a library that is opened ----
 
-#ifdef QUELMCL_SHARED_LIBRARY
+#  ifdef QUELMCL_SHARED_LIBRARY
 
 /// A second file with the same library in it, for the length of a block. A loader takes another file for another library.
 class CopiedLibrary {
@@ -201,7 +190,6 @@ const std::string standardReport =
 
 TEST(OpenedLibrary, TakesTheHeapOverAndKeepsItWhenItIsClosed)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const ChildProcess child = runChild({QUELMCL_STARTUP_FOLDER "/startup_opener", QUELMCL_SHARED_LIBRARY});
   EXPECT_EQ(child.out,
             "before: St9bad_alloc\n"
@@ -216,14 +204,12 @@ TEST(OpenedLibrary, TakesTheHeapOverAndKeepsItWhenItIsClosed)
 // Whose static objects are gone before those of the program: its hook has become a plain one.
 TEST(OpenedLibrary, ReportsToStandardErrorOnceItsStaticObjectsAreGone)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const ChildProcess child = runChild({QUELMCL_STARTUP_FOLDER "/startup_opener", QUELMCL_SHARED_LIBRARY});
   EXPECT_EQ(child.err, standardReport);
 }
 
 TEST(OpenedLibrary, TracesItsReports)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const ChildProcess child =
     runChild({QUELMCL_STARTUP_FOLDER "/startup_opener", QUELMCL_SHARED_LIBRARY}, {"KOLTA TRACE=noprefix"});
   std::string traced;
@@ -246,7 +232,6 @@ TEST(OpenedLibrary, TracesItsReports)
 
 TEST(TwoCopiesOfTheLibrary, WorkBesideEachOther)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const CopiedLibrary copy;
   const ChildProcess child = runChild({QUELMCL_STARTUP_FOLDER "/startup_opener", QUELMCL_SHARED_LIBRARY, copy.name});
   EXPECT_EQ(child.out,
@@ -269,7 +254,6 @@ class ProgramWithALibrary : public testing::TestWithParam<const char*> {};
 
 TEST_P(ProgramWithALibrary, MayOpenACopyOfIt)
 {
-  SKIP_WITHOUT_A_REAL_HEAP();
   const CopiedLibrary copy;
   const ChildProcess child = runChild({GetParam(), copy.name}, {"KOLTA TRACE=noprefix"});
   const std::string eachTime = "  >caught " + exhausted + " recoverable: 0\n";
@@ -284,6 +268,8 @@ TEST_P(ProgramWithALibrary, MayOpenACopyOfIt)
 INSTANTIATE_TEST_SUITE_P(Shared, ProgramWithALibrary, testing::Values(QUELMCL_STARTUP_FOLDER "/startup_copies"));
 INSTANTIATE_TEST_SUITE_P(Static, ProgramWithALibrary, testing::Values(QUELMCL_STARTUP_FOLDER "/startup_copies_static"));
 
-#endif
+#  endif
 
 }  // namespace
+
+#endif

@@ -1,5 +1,7 @@
 // formatting_test.cpp - strings in std::format and in libfmt, where these exist: the whole text, with fill, alignment, width and
 // precision.
+#include "support/lacking_package.hpp"
+
 #include <quelmcl/iformat.hpp>
 
 #include <gtest/gtest.h>
@@ -13,9 +15,9 @@
 
 namespace {
 
+#ifdef __cpp_lib_format  // else this standard library has no std::format
 TEST(StandardFormat, TakesStringsLikeViews)
 {
-#ifdef __cpp_lib_format
   const IString text("abc");
   EXPECT_EQ(std::format("{}", text), "abc");
   EXPECT_EQ(std::format("{:>6}|{:<6}|{:*^7}", text, text, text), "   abc|abc   |**abc**");
@@ -23,10 +25,8 @@ TEST(StandardFormat, TakesStringsLikeViews)
   EXPECT_EQ(std::format("{:{}.{}}|", text, 5, 1), "a    |");
   EXPECT_EQ(std::format("{:5}|", I0String("abc")), "abc  |");
   EXPECT_EQ(std::format("{}", IString("a\0b", 3)), std::string("a\0b", 3));
-#else
-  GTEST_SKIP() << "this standard library has no std::format";
-#endif
 }
+#endif
 
 TEST(LibFmt, TakesStringsLikeViews)
 {
@@ -40,7 +40,7 @@ TEST(LibFmt, TakesStringsLikeViews)
   EXPECT_EQ(fmt::format("{}", IString("a\0b", 3)), std::string("a\0b", 3));
   EXPECT_EQ(fmt::format("{} {}", text.word(1), 5), "abc 5");
 #else
-  GTEST_SKIP() << "libfmt is not installed (Debian's package libfmt-dev)";
+  QUELMCL_END_FOR_LACK_OF("libfmt-dev");
 #endif
 }
 

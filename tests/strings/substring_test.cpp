@@ -135,10 +135,9 @@ TEST(StringIndexing, ARefusalIsRecoverableAndSaysSomething)
   }
 }
 
+#if ULONG_MAX > UINT_MAX  // elsewhere there is no such number
 TEST(StringIndexing, APositionOfMoreThan32BitsIsNotCut)
 {
-  if (sizeof(unsigned long) == sizeof(unsigned))
-    GTEST_SKIP() << "positions are 32 bits wide here";
   const auto beyond = static_cast<unsigned long>((1ULL << 32) + 1);
   const IString constant("abc");
   IString text("abc");
@@ -148,6 +147,7 @@ TEST(StringIndexing, APositionOfMoreThan32BitsIsNotCut)
   EXPECT_EQ(errorIdOf([&] { (void)text[static_cast<long>(beyond)]; }), tooLong);
   EXPECT_TEXT(text, "abc");
 }
+#endif
 
 // ---------------------------------------------------------------------------------------------------------------------
 // Writing

@@ -2,17 +2,11 @@
 // Tests: tests/fault/failing_malloc_test.cpp
 #include "support/failing_malloc.hpp"
 
+#include "support/sanitizer_heap.hpp"
+
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#  define QUELMCL_MALLOC_BELONGS_TO_A_SANITIZER
-#elif defined(__has_feature)
-#  if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer) || __has_feature(memory_sanitizer)
-#    define QUELMCL_MALLOC_BELONGS_TO_A_SANITIZER
-#  endif
-#endif
 
 namespace {
 
@@ -60,7 +54,7 @@ bool FailingMalloc::nextFails() noexcept
 
 }  // namespace quelmcl_test
 
-#ifdef QUELMCL_MALLOC_BELONGS_TO_A_SANITIZER
+#ifdef QUELMCL_HEAP_OF_A_SANITIZER
 
 const bool quelmcl_test::FailingMalloc::isPossible = false;
 

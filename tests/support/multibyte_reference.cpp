@@ -117,14 +117,12 @@ unsigned prevCharLength(const std::string& text, unsigned pos)
 
 bool isCharValid(const std::string& text, unsigned pos, const std::string& set)
 {
-  const std::string wanted = text.substr(pos - 1, charLength(text, pos));
-  Wide left = set.size();
-  for (const std::string& member : charactersOf(set)) {
-    if (left < wanted.size())
-      return false;
-    if (member == wanted)
+  const size_t wanted = charLength(text, pos);
+  for (size_t offset = 0; set.size() - offset >= wanted;) {
+    const size_t length = lengthWithin(set.data() + offset, set.size() - offset);
+    if (set.compare(offset, length, text, pos - 1, wanted) == 0)
       return true;
-    left -= member.size();
+    offset += length;
   }
   return false;
 }
