@@ -1,6 +1,6 @@
 #!/bin/bash
 # balance_test.sh PROGRAM SOURCE PAGE CASE - runs one case against the program, or compares it with the page that shows what it
-# prints. Status 0: passed, 1: failed.
+# prints. Status 0: passed, 1: failed, 77: cannot be told here.
 set -u
 export LC_ALL=C
 
@@ -77,8 +77,39 @@ failures_are_told() {
   run none NOTHING=on
   [ "$status" -eq 1 ] || fail "the status is $status"
   echo 'balance: open:No such file or directory' | diff - "$work/err" || fail "standard error"
-  "$program" 2>"$work/err" && fail "the status is 0"
-  echo 'usage: balance FILE' | diff - "$work/err" || fail "standard error"
+  run . NOTHING=on
+  [ "$status" -eq 1 ] || fail "the status is $status"
+  [ ! -s "$work/out" ] || fail "a directory has a sum: $(cat "$work/out")"
+  echo 'balance: read:Is a directory' | diff - "$work/err" || fail "standard error"
+}
+
+help() {
+  local text
+  text=$("$program" --help 2>"$work/err") || fail "the status is not 0"
+  [ ! -s "$work/err" ] || fail "something on standard error"
+  [[ $text == 'Usage: balance [--help] FILE'* ]] || fail "no usage: $text"
+  [[ $text == *'Exit status: '* ]] || fail "no word on the status"
+}
+
+wrong_options() {
+  local arguments
+  for arguments in '' '--sum' "$work/list $work/list" '--help --help'; do
+    # Words for the program.
+    # shellcheck disable=SC2086
+    "$program" $arguments >"$work/out" 2>"$work/err"
+    status=$?
+    [ "$status" -eq 2 ] || fail "the status of '$arguments' is $status"
+    [ ! -s "$work/out" ] || fail "something on standard output"
+    echo 'usage: balance FILE' | diff - "$work/err" || fail "standard error"
+  done
+}
+
+full_disk() {
+  if [ ! -w /dev/full ]; then echo 'SKIPPED: there is no /dev/full'; exit 77; fi
+  "$program" "$work/list" >/dev/full 2>"$work/err"
+  status=$?
+  [ "$status" -eq 1 ] || fail "the status is $status"
+  echo 'balance: write:No space left on device' | diff - "$work/err" || fail "standard error"
 }
 
 if [ "$(type -t "$case")" != function ]; then
