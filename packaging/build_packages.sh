@@ -70,7 +70,7 @@ build_for() { # ARCHITECTURE FOLDER
 check_policy() {
   say "Asking lintian"
   local packages=("$folder"/*.deb)
-  lintian --fail-on error,warning --allow-root --no-tag-display-limit --show-overrides --tag-display-limit=0 "${packages[@]}" || die "lintian has found something"
+  lintian --fail-on error,warning --allow-root "${packages[@]}" || die "lintian has found something"
 }
 
 # dpkg refuses to install a package beside itself for the other width if they do not have the same content in files with the same name.
