@@ -100,7 +100,7 @@ check_reproducible() {
   elsewhere=$(mktemp -d)
   export CCACHE_DISABLE=1
   for architecture in $architectures; do
-    build_for "$architecture" "$elsewhere/a longer name/$architecture"
+    build_for "$architecture" "$elsewhere/under-a-longer-name/$architecture"
   done
   for file in "$folder"/*.deb; do
     cmp "$file" "$elsewhere"/*/*/"${file##*/}" || die "${file##*/} differs from one build to the next"
