@@ -13,6 +13,11 @@ mkdir -p "$folder"
 folder=$(cd "$folder" && pwd)
 architectures='amd64 i386'
 
+# Caches of compilers may write folders into the debug information that are others than the compiler's own, and a build that is to be
+# compared with another has to be one.
+unset CMAKE_CXX_COMPILER_LAUNCHER
+export CCACHE_DISABLE=1
+
 say() {
   printf '==> %s\n' "$*"
 }
@@ -92,13 +97,12 @@ check_widths_agree() {
   rm -rf "$work"
 }
 
-# The same sources in a folder of another name, by a compiler that remembers nothing, give the same packages, bit by bit: libraries,
+# The same sources in a folder of another name give the same packages, bit by bit: libraries,
 # debug information and documents.
 check_reproducible() {
   say "Building all of it once more elsewhere, and comparing"
   local elsewhere architecture file
   elsewhere=$(mktemp -d)
-  export CCACHE_DISABLE=1
   for architecture in $architectures; do
     build_for "$architecture" "$elsewhere/under-a-longer-name/$architecture"
   done
