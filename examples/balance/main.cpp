@@ -36,6 +36,8 @@ int sumOf(const char* fileName)
       QUELMCL_RETHROW(failure);
     }
   }
+  if (lines.bad())
+    QUELMCL_THROW_CLIB_ERROR("read", IBaseErrorInfo::accessError, IException::recoverable);
   return sum;
 }
 
@@ -46,10 +48,26 @@ const char* textOf(const IException& failure, unsigned long level)
   return text == nullptr ? failure.name() : text;
 }
 
+const char helpText[] =
+  "Usage: balance [--help] FILE\n"
+  "\n"
+  "Adds up the amounts in a file. A line is a name and an amount, which is a whole\n"
+  "number of digits only.\n"
+  "\n"
+  "  --help  print this text and nothing else\n"
+  "\n"
+  "Exit status: 0 if all went well; 1 if the file could not be read, an amount was\n"
+  "none, or the sum could not be written; 2 for wrong options.\n";
+
+enum ExitStatus { allWell = 0, troubleWithFile = 1, wrongUsage = 2 };
+
 int run(const char* fileName)
 {
-  std::cout << sumOf(fileName) << '\n';
-  return 0;
+  const int sum = sumOf(fileName);
+  errno = 0;
+  if (!(std::cout << sum << std::endl))
+    QUELMCL_THROW_CLIB_ERROR("write", IBaseErrorInfo::accessError, IException::recoverable);
+  return allWell;
 }
 
 }  // namespace
@@ -57,9 +75,15 @@ int run(const char* fileName)
 int main(int argc, char** argv)
 {
   try {
-    if (argc == 2)
-      return run(argv[1]);
+    const IString argument = argc == 2 ? argv[1] : "";
+    if (argument == "--help") {
+      std::cout << helpText;
+      return allWell;
+    }
+    if (argument.length() > 0 && argument[1] != '-')
+      return run(argument);
     std::cerr << "usage: balance FILE\n";
+    return wrongUsage;
   } catch (const IException& failure) {  // the library's, an exhausted heap among them
     std::cerr << "balance: " << textOf(failure, 0) << '\n';
     for (unsigned long i = 1; i < failure.textCount(); ++i)
@@ -67,5 +91,5 @@ int main(int argc, char** argv)
   } catch (const std::exception& failure) {  // the standard library's and everybody else's
     std::cerr << "balance: " << failure.what() << '\n';
   }
-  return 1;
+  return troubleWithFile;
 }

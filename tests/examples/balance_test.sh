@@ -66,8 +66,37 @@ failures_are_told() {
   run none NOTHING=on
   expect_status 1
   echo 'balance: open:No such file or directory' | diff - "$work/err" || fail "standard error"
-  "$program" 2>"$work/err" && fail "the status is 0"
-  echo 'usage: balance FILE' | diff - "$work/err" || fail "standard error"
+  run . NOTHING=on
+  expect_status 1
+  expect_no_output
+  echo 'balance: read:Is a directory' | diff - "$work/err" || fail "standard error"
+}
+
+help() {
+  local text
+  text=$("$program" --help 2>"$work/err") || fail "the status is not 0"
+  expect_no_errors
+  [[ $text == 'Usage: balance [--help] FILE'* ]] || fail "no usage: $text"
+  [[ $text == *'Exit status: '* ]] || fail "no word on the status"
+}
+
+wrong_options() {
+  local arguments
+  for arguments in '' '--sum' "$work/list $work/list" '--help --help'; do
+    # Words for the program.
+    # shellcheck disable=SC2086
+    "$program" $arguments >"$work/out" 2>"$work/err"
+    status=$?
+    expect_status 2
+    expect_no_output
+    expect_error 'usage: balance FILE'
+  done
+}
+
+full_disk() {
+  run_with_full_disk "$work/list"
+  expect_status 1
+  expect_error 'balance: write:No space left on device'
 }
 
 run_case

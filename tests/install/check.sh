@@ -207,6 +207,27 @@ check_subproject() {
   with_pkg_config "$prefix" static
 }
 
+# Each example, copied out of the tree, is a project of its own that needs the installed library only.
+check_examples() {
+  local example program status count=0
+  install_to "$prefix"
+  cp -r "$source/examples" "$work/copied"
+  for example in "$work"/copied/*/; do
+    example=$(basename "$example") program=$work/with-$(basename "$example")/$(basename "$example")
+    quietly configure "$work/with-$example" "$work/copied/$example" "$flags" "-DCMAKE_PREFIX_PATH=$prefix" -DCMAKE_BUILD_TYPE=Debug
+    quietly "$cmake" --build "$work/with-$example"
+    must_be_of_kind "$program" "$kind"
+    "$program" --help | grep "^Usage: $example " >/dev/null || fail "$example --help does not tell its usage"
+    status=0
+    NLSPATH=$prefix/share/locale/%l/LC_MESSAGES/%N "$program" --no-such-option >"$work/out" 2>"$work/err" || status=$?
+    [ "$status" -eq 2 ] || fail "$example ends with status $status after a wrong option"
+    [ ! -s "$work/out" ] || fail "$example tells a wrong option on standard output"
+    [ -s "$work/err" ] || fail "$example says nothing about a wrong option"
+    count=$((count + 1))
+  done
+  [ "$count" -ge 5 ] || fail "there are only $count examples"
+}
+
 rm -rf "$work"
 mkdir -p "$work"
 "check_$check"
