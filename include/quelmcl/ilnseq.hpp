@@ -339,8 +339,10 @@ public:
   /// the sequence for elementAt(cursor). The sequence has to live as long as the cursor is used.
   class Cursor : public ICursor {
   public:
+    /// On no element of that sequence.
     explicit Cursor(const ILinkedSequence& of) noexcept : sequence(&of), link(nullptr) {}
 
+    /// Whether there is such an element; if not, the cursor stands on none.
     bool setToFirst() override { return setTo(sequence->engine.first()); }
     bool setToLast() { return setTo(sequence->engine.last()); }
     /// From no element there is no next one.

@@ -189,7 +189,7 @@ public:
   const char* end() const noexcept { return text() + length(); }  ///< the place after the last one
   /// The number of bytes.
   unsigned length() const noexcept { return static_cast<unsigned>(textEnd - textBegin); }
-  /// \copydoc length
+  /// The number of bytes.
   unsigned size() const noexcept { return length(); }
   /// How long the text can become before storage is taken again.
   unsigned capacity() const noexcept { return ownsText() ? static_cast<unsigned>(blockEnd - textBegin) - 1 : length(); }

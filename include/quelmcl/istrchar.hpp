@@ -25,6 +25,7 @@ namespace quelmcl {
 /// from, and end with it.
 class Character {
 public:
+  /// No character, or the one of `length` bytes at `begin`, before which `offset` bytes of the text stand.
   Character() noexcept : bytes(nullptr), bytesBefore(0), byteCount(0) {}
   Character(const char* begin, unsigned offset, unsigned length) noexcept
     : bytes(begin), bytesBefore(offset), byteCount(length)
@@ -66,9 +67,12 @@ public:
   using const_iterator = Iterator;
   using value_type = Character;
 
+  /// Those of that text.
   explicit Characters(const IString& text) noexcept : held(text) {}
 
+  /// On the first character, or at the end when there is none.
   Iterator begin() const;
+  /// Behind the last character.
   Iterator end() const noexcept;
   /// Whether there is none.
   bool empty() const noexcept { return held.length() == 0; }

@@ -18,9 +18,9 @@ class IString;
 
 /// A time of day in four bytes, as containers keep it.
 struct ICnrTime {
-  unsigned char hours;
-  unsigned char minutes;
-  unsigned char seconds;
+  unsigned char hours;       ///< as ITime::hours()
+  unsigned char minutes;     ///< as ITime::minutes()
+  unsigned char seconds;     ///< as ITime::seconds()
   unsigned char ucReserved;  ///< 0
 };
 
@@ -95,6 +95,7 @@ public:
   /// @}
 
 protected:
+  /// Becomes the time that a constructor with these seconds makes.
   void initialize(long seconds);
 
 private:

@@ -82,4 +82,5 @@ def main():
     print(f'{len(links)} links of {len(pages)} pages')
 
 
-main()
+if __name__ == '__main__':
+    main()
