@@ -1,6 +1,7 @@
 """Headers and pages as Doxygen wants them.
 
-In the headers a comment is for all the declarations that follow it up to the next empty line; Doxygen gets it in front of each. Macros
+In the headers a comment is for all the declarations that follow it up to the next empty line and are alike: overloads,
+operators, names of types, macros. The words of a group are for those without a comment. Doxygen gets them in front of each. Macros
 without a comment are private, and so is what is defaulted or deleted without one.
 
 In the pages, links and headings work as code hosts have it: a heading has the name that is made of its text, and a page is called by
@@ -17,11 +18,24 @@ PAGES_AT_TOP = ('README.md', 'CHANGELOG.md', 'CONTRIBUTING.md', 'SECURITY.md')
 
 # ---- headers ----
 
+def name_of(declaration):
+    """The name of the function that a line begins to declare, or the whole line."""
+    found = None if declaration.startswith('#') else re.search(r'(operator\s*\S+?|~?\w+)\s*\(', declaration)
+    return found[1] if found else declaration
+
+
+def are_alike(name, other):
+    """Whether one comment may be for both: overloads, operators, names of types, macros."""
+    return (name == other or name.startswith('template ') or
+            any(name.startswith(kind) and other.startswith(kind) for kind in ('operator', 'using ', '#')))
+
+
 class Comments:
     """Repeats each comment in front of every declaration that it is for; that of a group is for those that have none."""
 
     def __init__(self):
         self.comment = []
+        self.name = ''  # of the declaration that it stands in front of
         self.group = []
         self.depth = 0
         self.inside = False   # of a declaration
@@ -65,10 +79,14 @@ class Comments:
 
     def begin(self, line, text):
         self.macro = re.match(r'# *define', text) is not None
-        # What the compiler makes by itself needs no words.
-        self.private = not self.comment and (self.macro or re.search(r' = (default|delete);$', text) is not None)
-        if not self.fresh and not self.private and '///<' not in line:
-            self.out += self.comment or ['', *self.group]
+        # What the compiler makes by itself needs no words, and a destructor has nothing to tell but what is odd about it.
+        silent = re.search(r' = (default|delete);$|^(virtual )?~', text) is not None
+        self.private = not self.fresh and (silent or (self.macro and not self.comment))
+        name = name_of(text)
+        if self.fresh:
+            self.name = name
+        elif not self.private and '///<' not in line:
+            self.out += self.comment if self.comment and are_alike(name, self.name) else ['', *self.group]
         self.fresh = False
         self.depth = 0
         self.go_on(line)
@@ -150,7 +168,7 @@ def with_labels(page, lines):
 
 def page_of(path, content):
     content = re.sub(r'<!--.*?-->\n*', '', content, flags=re.DOTALL)
-    content = re.sub(r'(!?\[[^\]]*\])\(([^()\s]+)\)', lambda found: f'{found[1]}({link(path, found[2])})', content)
+    content = re.sub(r'(!?\[[^\]]*\])\(([^()\s]+)\)', lambda found: f'{found[1].replace("`", "")}({link(path, found[2])})', content)
     return '\n'.join(with_labels(path, content.split('\n')))
 
 

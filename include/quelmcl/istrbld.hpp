@@ -33,6 +33,7 @@
 #include <type_traits>
 #include <utility>
 
+/// A text that grows piece by piece and becomes a string without a copy. The head of istrbld.hpp tells more.
 class QUELMCL_API IStringBuilder : public IBase {
 public:
   /// @name Construction

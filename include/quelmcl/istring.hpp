@@ -76,6 +76,7 @@ unsigned checkedLength(Length length)
 }  // namespace detail
 }  // namespace quelmcl
 
+/// A text that copies share until one of them changes. The head of istring.hpp tells of sharing, pointers and threads.
 class QUELMCL_API IString : public IBase {
 public:
   /// The bit operators, for applyBitOp.
@@ -96,6 +97,7 @@ public:
   IString(const IString& source) noexcept : IBase(source), pBuffer(source.pBuffer) { buffer()->addRef(); }
   /// Takes the text over; `source` is the empty string afterwards and can be used on.
   IString(IString&& source) noexcept : IBase(source), pBuffer(source.pBuffer) { source.pBuffer = emptyText(); }
+
   IString(std::nullptr_t);
   IString(int number);
   IString(unsigned number);

@@ -36,6 +36,7 @@ public:
   ITime() : ticks(now().ticks) {}
   /// From seconds since midnight; negative ones count back from the next midnight.
   ITime(long seconds) { initialize(seconds); }
+  /// From its parts.
   ITime(unsigned hours, unsigned minutes, unsigned seconds = 0)
   {
     // Each part by itself, so that the largest numbers give what they stand for.
