@@ -30,7 +30,7 @@
       if (!text.includes(word)) return 0;
       sum += title === word ? 40 : title.startsWith(word) ? 20 : title.includes(word) ? 10 : 1;
     }
-    return sum + (entry[2].startsWith('page-') ? 2 : 0);
+    return sum + (entry[1] === 'IString' ? 3 : entry[2].startsWith('page-') ? 2 : 0);  // rather than what few ask for
   }
 
   function find(query) {

@@ -1,7 +1,7 @@
 """Headers and pages as Doxygen wants them.
 
 In the headers a comment is for all the declarations that follow it up to the next empty line and are alike: overloads,
-operators, names of types, macros. The words of a group are for those without a comment. Doxygen gets them in front of each. Macros
+operators, names of types, macros. What a group says is for those of it without a comment. Doxygen gets them in front of each. Macros
 without a comment are private, and so is what is defaulted or deleted without one.
 
 In the pages, links and headings work as code hosts have it: a heading has the name that is made of its text, and a page is called by
@@ -73,9 +73,8 @@ class Comments:
             self.out.append('')
 
     def words_of_group(self):
-        """What is told about a group, which may be no more than its name."""
-        words = [one for one in self.comment if not re.match(r' */// @(name|\{)', one)]
-        return words or [one.replace('@name ', '') + '.' for one in self.comment if '@name' in one]
+        """What Doxygen is told of members without a comment of their own: nothing, since name and text of the group stand above them."""
+        return ['/// <span></span>'] if any('@name' in one for one in self.comment) else []
 
     def begin(self, line, text):
         self.macro = re.match(r'# *define', text) is not None
@@ -108,16 +107,24 @@ class Comments:
 SPECIALISATION = re.compile(r'((?:^ *///[^\n]*\n)*)^template <>\nstruct (std|fmt)::(.*?^\};)\n', re.MULTILINE | re.DOTALL)
 
 
-# A macro that is for the rest of its header, with an operator as its argument.
-PASSING_MACRO = re.compile(r'(?:^ *//[^\n]*\n)?^#define (\w+)\(op\)((?:[^\n]*\\\n)+[^\n]*\n)', re.MULTILINE)
+# A macro of several lines that declares something, with an operator or a class and its base as its arguments.
+DECLARING_MACRO = re.compile(r'((?:^ *//[^\n]*\n)*)^#define (\w+)\((op|Class, Base)\)((?:[^\n]*\\\n)+[^\n]*\n)', re.MULTILINE)
 
 
 def with_macros_expanded(content):
-    while (macro := PASSING_MACRO.search(content)) is not None:
-        name, body = macro[1], macro[2].replace('\\\n', '\n')
+    """Doxygen could do so itself, but would find no comments on what comes out; the macro's own is for the class's members."""
+    while (macro := DECLARING_MACRO.search(content)) is not None:
+        comment, name, names, body = macro.groups()
+        body = re.sub(r' *\\\n', '\n', body).replace('public:\n', 'public:\n' + comment)
         content = content[:macro.start()] + content[macro.end():].replace(f'#undef {name}\n', '')
-        content = re.sub(rf'^ *{name}\((.*)\)\n', lambda use, body=body: re.sub(r'\bop\b', use[1], body), content, flags=re.MULTILINE)
+        content = re.sub(rf'^ *{name}\((.*)\)(;?)\n', lambda use: filled(body, names, use[1]).rstrip() + use[2] + '\n', content, flags=re.MULTILINE)
     return content
+
+
+def filled(body, names, arguments):
+    for name, argument in zip(names.split(', '), arguments.split(', ')):
+        body = re.sub(rf'\b{name}\b', argument, body)
+    return body.lstrip('\n')
 
 
 def header(lines):
