@@ -168,9 +168,13 @@ def with_labels(page, lines):
             line += ' {#' + label_of(page) + ('' if first else '-' + anchor_of(line)) + '}'
             first = False
         elif not in_code and line.count('`') % 2 == 0:
-            # To Doxygen an apostrophe ends what one backtick has begun.
-            line = re.sub(r'(?<!`)`([^`]+)`(?!`)', r'``\1``', line)
+            line = re.sub(r'(?<!`)`([^`]+)`(?!`)', lambda found: code_span(found[1]), line)
         yield line
+
+
+def code_span(code):
+    """To Doxygen an apostrophe ends what one backtick has begun, and a percent sign in front of a word is to be left out."""
+    return '``' + re.sub(r'("[^"]*"|\'[^\']*\')|%(?=[A-Za-z])', lambda found: found[1] or '%%', code) + '``'
 
 
 def page_of(path, content):
