@@ -1,6 +1,6 @@
 """check_page.py - everything that a page shows of C++ is compiled, run and compared.
 
-usage: check_page.py PAGE --source DIR --work DIR --library FILE --compiler PROGRAM [--flags TEXT]
+usage: check_page.py PAGE --source DIR --work DIR --library FILE --compiler PROGRAM [--flags TEXT] [--programs DIR:DIR...]
 
   ```cpp with a main()    is a program of its own.
   ```cpp without one      is a fragment. It is the body of a function, unless one of its lines is a '{' in the first column: then it
@@ -16,6 +16,8 @@ usage: check_page.py PAGE --source DIR --work DIR --library FILE --compiler PROG
   <!-- run: NAME=value... -->
                           sets the environment of the next block or table, "run from here:" that of all that follow. Each is a process
                           of its own, and the locale is set before its first string.
+  <!-- console -->        says that the next block is typed and printed in a shell: what stands behind "$ " is run, with the programs on the
+                          path, and prints the lines below it. Without --programs it is left out.
   <!-- from FILE -->      says that the next block, of any language, stands in that file line for line.
 """
 import argparse
@@ -117,6 +119,7 @@ class Page:
     programs: list = field(default_factory=list)
     fragments: list = field(default_factory=list)
     functions: list = field(default_factory=list)
+    consoles: list = field(default_factory=list)
     quotes: int = 0
     given: str = ''
 
@@ -147,6 +150,8 @@ def read_page(path, source):
             elif words.startswith('run'):
                 environment = settings_in(words)
                 usual = environment if words.startswith('run from here:') else usual
+            elif words == 'console':
+                page.consoles.append(parts[at + 1])
             elif words.split() == ['given']:
                 take_given(page, Part('fence', part.line + 1, part.lines[1:]))
         elif part.kind == 'fence' and quoted is not None:
@@ -304,6 +309,19 @@ def compare_rows(page, check, printed):
         raise Failure('\n'.join(wrong))
 
 
+def run_console(page, part, programs):
+    """Standard output and errors arrive together, as on a terminal."""
+    environment = os.environ | {'PATH': programs + ':' + os.environ['PATH']}
+    printed = ''
+    for line in part.lines:
+        if line.startswith('$ '):
+            done = subprocess.run(['bash', '-c', line[2:]], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL,
+                                  env=environment, check=False, timeout=60)
+            printed += line + '\n' + done.stdout.decode('utf-8', 'backslashreplace')
+    if without_ends(printed) != without_ends(part.text()):
+        raise Failure(f'{page.path}:{part.line}: shown is\n{part.text()}but printed is\n{printed}')
+
+
 def fragments_program(page):
     code = [PROLOGUE, 'namespace {', *page.functions]
     code += [f'void block_{index}()\n{{\n{check.code}}}\n' for index, check in enumerate(page.fragments)]
@@ -313,7 +331,7 @@ def fragments_program(page):
     return '\n'.join(code) + '\n'
 
 
-def check_all(page, tools):
+def check_all(page, tools, programs):
     failures = []
 
     def attempt(work):
@@ -329,6 +347,8 @@ def check_all(page, tools):
         program = attempt(lambda: tools.build('fragments', fragments_program(page)))
         for index, check in enumerate(page.fragments if program else []):
             attempt(lambda index=index, check=check: run(page, [program, str(index)], check))
+    for part in page.consoles if programs else []:
+        attempt(lambda part=part: run_console(page, part, programs))
     return failures
 
 
@@ -338,11 +358,12 @@ def main():
     for name in ('source', 'work', 'library', 'compiler'):
         parser.add_argument('--' + name, required=True)
     parser.add_argument('--flags', default='')
+    parser.add_argument('--programs', default='')
     given = parser.parse_args()
     os.makedirs(given.work, exist_ok=True)
     try:
         page = read_page(given.page, given.source)
-        failures = check_all(page, Tools(given))
+        failures = check_all(page, Tools(given), given.programs)
     except Failure as failure:
         failures = [str(failure)]
     if failures:
