@@ -17,8 +17,8 @@ class QUELMCL_API IBase {
 public:
   /// A version number. In memory it is one 32-bit word with `major` in its low half.
   struct Version {
-    unsigned short major;
-    unsigned short minor;
+    unsigned short major;  ///< 310 of 310.2
+    unsigned short minor;  ///< 2 of 310.2
   };
 
   static const IException::Severity unrecoverable = IException::unrecoverable;  ///< the severity, for short

@@ -205,9 +205,9 @@ protected:
   explicit IBuffer(unsigned newLen) noexcept;
   ~IBuffer() override;
 
-  unsigned refs;
-  unsigned len;
-  char data[1];  // the text goes on behind the record, in the same block
+  unsigned refs;  ///< how many hold this buffer
+  unsigned len;   ///< how many bytes the text has, without the NUL behind it
+  char data[1];   ///< the text, which goes on behind the record, in the same block
 
 private:
   friend class IStringBuilder;  // makes the length of a block that of the text it has built in it

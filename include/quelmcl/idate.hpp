@@ -88,12 +88,13 @@ inline std::uint32_t nearDayNumberOf(int year, int month, int day)
 struct ICnrDate {
   unsigned char day;    ///< 1 to 31
   unsigned char month;  ///< 1 to 12
-  unsigned short year;
+  unsigned short year;  ///< its lowest 16 bits
 };
 
 /// A calendar date: one day number.
 class QUELMCL_API IDate : public IBase {
 public:
+  /// The months, counted from 1.
   enum Month : int {
     January = 1,
     February = 2,
@@ -108,6 +109,7 @@ public:
     November = 11,
     December = 12
   };
+  /// The days of a week, counted from 0.
   enum DayOfWeek : int { Monday = 0, Tuesday = 1, Wednesday = 2, Thursday = 3, Friday = 4, Saturday = 5, Sunday = 6 };
   /// How asString() writes the year: as the locale's date format has it, or with all its digits in any case.
   enum YearFormat : int { localeYear = 0, fourDigitYear = 1 };
@@ -224,6 +226,7 @@ public:
   /// @}
 
 protected:
+  /// Becomes the day that a constructor with these arguments makes.
   void initialize(Month aMonth, int aDay, int aYear);
 
 private:

@@ -123,6 +123,7 @@ public:
   const char* className() const override;
 
 protected:
+  /// As IBuffer's.
   explicit IDBCSBuffer(unsigned newLen) noexcept;
   ~IDBCSBuffer() override;
 

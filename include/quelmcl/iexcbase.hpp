@@ -205,7 +205,7 @@ private:
   IException::TraceFn* pUserTraceFn;
 };
 
-/// Declares a member of the family that differs from its base in the class and its name() alone.
+/// A member of the family: as its base but for the class and its name().
 #define QUELMCL_EXCEPTION_CLASS(Class, Base)                                   \
   class QUELMCL_API Class : public Base {                                      \
   public:                                                                      \

@@ -1,6 +1,6 @@
 /// @file iformat.hpp
 /// Strings in std::format, where the standard library has it (C++20; `__cpp_lib_format`). Elsewhere this header gives
-/// nothing. It is no part of quelmcl.hpp because <format> is large.
+/// nothing. It is no part of quelmcl.hpp because `<format>` is large.
 ///
 ///     std::format("{:*>6}|{:.2}", IString("abc"), IString("abc"));   // "***abc|ab"
 #ifndef QUELMCL_IFORMAT_HPP
@@ -16,6 +16,7 @@
 /// The whole text, NUL bytes included, with the fill, alignment, width and precision that std::string_view has.
 template <>
 struct std::formatter<IString, char> : std::formatter<std::string_view, char> {
+  /// Writes the text as its format says.
   template <class Context>
   auto format(const IString& text, Context& context) const
   {

@@ -129,7 +129,7 @@ protected:
 
   ILinkedSequenceImplNode* ivFirst;  ///< null when empty
   ILinkedSequenceImplNode* ivLast;   ///< null when empty
-  unsigned long ivNumberOfElements;
+  unsigned long ivNumberOfElements;  ///< how many nodes there are
 
 private:
   void unlink(ILinkedSequenceImplNode* node) noexcept;

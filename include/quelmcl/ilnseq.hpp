@@ -339,12 +339,16 @@ public:
   /// the sequence for elementAt(cursor). The sequence has to live as long as the cursor is used.
   class Cursor : public ICursor {
   public:
+    /// On no element of that sequence.
     explicit Cursor(const ILinkedSequence& of) noexcept : sequence(&of), link(nullptr) {}
 
+    /// Whether there is such an element; if not, the cursor stands on none.
     bool setToFirst() override { return setTo(sequence->engine.first()); }
+    /// Whether there is such an element.
     bool setToLast() { return setTo(sequence->engine.last()); }
     /// From no element there is no next one.
     bool setToNext() override { return setTo(link == nullptr ? nullptr : link->ivNext); }
+    /// From no element there is no previous one either.
     bool setToPrevious() { return setTo(link == nullptr ? nullptr : link->ivPrevious); }
     /// Throws IInvalidRequest 1201 for a position that does not exist.
     bool setToPosition(unsigned long position) { return setTo(sequence->linkAt(position)); }
@@ -363,6 +367,7 @@ public:
       const Cursor* const other = dynamic_cast<const Cursor*>(&cursor);
       return other != nullptr && *this == *other;
     }
+    /// Whether both stand on the same element of the same sequence, or both on none of it.
     bool operator==(const Cursor& other) const { return sequence == other.sequence && link == other.link; }
     bool operator!=(const Cursor& other) const { return !(*this == other); }
     using ICursor::operator!=;

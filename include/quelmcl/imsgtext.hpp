@@ -21,6 +21,7 @@ public:
                const char* textInsert2 = nullptr, const char* textInsert3 = nullptr, const char* textInsert4 = nullptr,
                const char* textInsert5 = nullptr, const char* textInsert6 = nullptr, const char* textInsert7 = nullptr,
                const char* textInsert8 = nullptr, const char* textInsert9 = nullptr);
+  /// What the source holds, with a text of its own.
   IMessageText(const IMessageText& source);
   /// Copies text and origin; keeps the old text when there is no storage for the new one.
   IMessageText& operator=(const IMessageText& source);

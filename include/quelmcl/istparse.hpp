@@ -61,7 +61,9 @@ public:
   /// As many words to take and drop; words that are not there cost nothing.
   class QUELMCL_API SkipWords {
   public:
+    /// That many.
     SkipWords(unsigned long numWords) noexcept : fNumSkip(numWords) {}
+    /// How many.
     unsigned long numberOfWords() const noexcept { return fNumSkip; }
 
   private:

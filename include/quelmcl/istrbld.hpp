@@ -33,6 +33,7 @@
 #include <type_traits>
 #include <utility>
 
+/// A text that grows piece by piece and becomes a string without a copy. The head of istrbld.hpp tells more.
 class QUELMCL_API IStringBuilder : public IBase {
 public:
   /// @name Construction
@@ -189,7 +190,7 @@ public:
   const char* end() const noexcept { return text() + length(); }  ///< the place after the last one
   /// The number of bytes.
   unsigned length() const noexcept { return static_cast<unsigned>(textEnd - textBegin); }
-  /// \copydoc length
+  /// The number of bytes.
   unsigned size() const noexcept { return length(); }
   /// How long the text can become before storage is taken again.
   unsigned capacity() const noexcept { return ownsText() ? static_cast<unsigned>(blockEnd - textBegin) - 1 : length(); }

@@ -25,6 +25,7 @@ namespace quelmcl {
 /// from, and end with it.
 class Character {
 public:
+  /// No character, or the one of `length` bytes at `begin`, before which `offset` bytes of the text stand.
   Character() noexcept : bytes(nullptr), bytesBefore(0), byteCount(0) {}
   Character(const char* begin, unsigned offset, unsigned length) noexcept
     : bytes(begin), bytesBefore(offset), byteCount(length)
@@ -39,8 +40,8 @@ public:
   unsigned length() const noexcept { return byteCount; }
   /// Its first byte; no NUL stands behind its last.
   const char* data() const noexcept { return bytes; }
-  const char* begin() const noexcept { return bytes; }
-  const char* end() const noexcept { return bytes + byteCount; }
+  const char* begin() const noexcept { return bytes; }            ///< the same
+  const char* end() const noexcept { return bytes + byteCount; }  ///< the place behind its last byte
   /// A string of this character alone. Cost: one allocation.
   IString text() const { return IString(bytes, byteCount); }
 #ifdef __cpp_lib_string_view
@@ -63,12 +64,15 @@ class Characters {
 public:
   /// Goes from character to character. It can be copied, and each copy goes its own way; it ends with its range.
   class Iterator;
-  using const_iterator = Iterator;
-  using value_type = Character;
+  using const_iterator = Iterator;  ///< the only kind
+  using value_type = Character;     ///< what is gone through
 
+  /// Those of that text.
   explicit Characters(const IString& text) noexcept : held(text) {}
 
+  /// On the first character, or at the end when there is none.
   Iterator begin() const;
+  /// Behind the last character.
   Iterator end() const noexcept;
   /// Whether there is none.
   bool empty() const noexcept { return held.length() == 0; }
@@ -77,8 +81,10 @@ private:
   IString held;
 };
 
+/// A place in a range of characters, or its end.
 class Characters::Iterator {
 public:
+  /// What algorithms ask of an iterator.
   using iterator_category = std::input_iterator_tag;   // of C++17: what it gives is a value, no reference
   using iterator_concept = std::forward_iterator_tag;  // of C++20
   using value_type = Character;
@@ -88,6 +94,7 @@ public:
 
   Iterator() noexcept : buffer(nullptr) {}
 
+  /// The character that it stands on.
   Character operator*() const noexcept { return current; }
   /// What it points to ends with the iterator, or with its next step.
   const Character* operator->() const noexcept { return &current; }

@@ -18,8 +18,9 @@ namespace quelmcl {
 /// container that has it, and `std::equal_to<>`, finds a C text, std::string or std::string_view without making an
 /// IString of it (C++20). A null pointer is the empty text.
 struct TextHash {
-  using is_transparent = void;
+  using is_transparent = void;  ///< as containers ask for it
 
+  /// The hash of the text's bytes. Linear in the text.
   std::size_t operator()(const IString& text) const noexcept { return text.hash(); }
   std::size_t operator()(const char* text) const noexcept { return bytes(text, detail::lengthOfText(text)); }
   template <class Text>
@@ -40,6 +41,7 @@ private:
 /// The hash of the bytes: equal texts have equal ones. Linear in the text.
 template <>
 struct std::hash<IString> {
+  /// The text's own hash.
   std::size_t operator()(const IString& text) const noexcept { return text.hash(); }
 };
 

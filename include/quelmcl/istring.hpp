@@ -76,6 +76,7 @@ unsigned checkedLength(Length length)
 }  // namespace detail
 }  // namespace quelmcl
 
+/// A text that copies share until one of them changes. The head of istring.hpp tells of sharing, pointers and threads.
 class QUELMCL_API IString : public IBase {
 public:
   /// The bit operators, for applyBitOp.
@@ -96,6 +97,7 @@ public:
   IString(const IString& source) noexcept : IBase(source), pBuffer(source.pBuffer) { buffer()->addRef(); }
   /// Takes the text over; `source` is the empty string afterwards and can be used on.
   IString(IString&& source) noexcept : IBase(source), pBuffer(source.pBuffer) { source.pBuffer = emptyText(); }
+
   IString(std::nullptr_t);
   IString(int number);
   IString(unsigned number);
@@ -214,10 +216,9 @@ public:
   /// The decimal number at the front of the text, after white space; what follows it is ignored. 0 when there is
   /// none, the nearest value of the type when it does not fit (a negative number is 0 for asUnsigned).
   long asInt() const;
-  /// \copydoc asInt
+  /// The same for a number without a sign.
   unsigned long asUnsigned() const;
-  /// \copydoc asInt
-  /// The decimal point is the locale's; numbers too large are infinite.
+  /// The same for a number with a fraction. The decimal point is the locale's; numbers too large are infinite.
   double asDouble() const;
 
   /// A copy.
@@ -705,6 +706,7 @@ QUELMCL_API std::ostream& operator<<(std::ostream& aStream, const IString& aStri
 /// width - 1 bytes when the stream has a width. Leaves the string empty when there is nothing to read.
 QUELMCL_API std::istream& operator>>(std::istream& aStream, IString& aString);
 
+/// The same operators with a C text in front: a new string, as that of the member, with the text in place of the string.
 QUELMCL_API IString operator+(const char* pString, const IString& aString);
 QUELMCL_API IString operator&(const char* pString, const IString& aString);
 QUELMCL_API IString operator|(const char* pString, const IString& aString);

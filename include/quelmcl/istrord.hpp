@@ -61,6 +61,7 @@ quelmcl::detail::ForStringAndText<String, Text, IString> operator+(const Text& t
 /// @name Comparison with texts of the standard library
 /// By unsigned bytes, NUL bytes included; nothing is copied.
 /// @{
+
 /// Declares a comparison with a text of the standard library on either side.
 #define QUELMCL_COMPARE_STANDARD(op)                                                                               \
   template <class String, class Text>                                                                              \

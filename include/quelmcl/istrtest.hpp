@@ -31,11 +31,11 @@ protected:
   /// For derived tests: keeps both as given.
   IStringTest(FnType kind, void* userData);
 
-  FnType type;
+  FnType type;  ///< which kind is held
   union {
     int (*cFn)(int);
     void* user;
-  } data;
+  } data;  ///< the function, or what a derived class has put there
 };
 
 #endif

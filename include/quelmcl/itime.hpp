@@ -18,9 +18,9 @@ class IString;
 
 /// A time of day in four bytes, as containers keep it.
 struct ICnrTime {
-  unsigned char hours;
-  unsigned char minutes;
-  unsigned char seconds;
+  unsigned char hours;       ///< as ITime::hours()
+  unsigned char minutes;     ///< as ITime::minutes()
+  unsigned char seconds;     ///< as ITime::seconds()
   unsigned char ucReserved;  ///< 0
 };
 
@@ -36,6 +36,7 @@ public:
   ITime() : ticks(now().ticks) {}
   /// From seconds since midnight; negative ones count back from the next midnight.
   ITime(long seconds) { initialize(seconds); }
+  /// From its parts.
   ITime(unsigned hours, unsigned minutes, unsigned seconds = 0)
   {
     // Each part by itself, so that the largest numbers give what they stand for.
@@ -95,6 +96,7 @@ public:
   /// @}
 
 protected:
+  /// Becomes the time that a constructor with these seconds makes.
   void initialize(long seconds);
 
 private:

@@ -185,6 +185,7 @@ public:
 #  define QUELMCL_TRACE_FUNCTION() QUELMCL_TRACE_SCOPE(__func__)
 #  define QUELMCL_TRACE_SCOPE(name) const ITrace QUELMCL_TRACE_JOIN(quelmclTraceOfLine, __LINE__)(name, __LINE__)
 #  define QUELMCL_TRACE_WRITE(text) (ITraceSetup::traceOn() ? ITrace::write(text) : static_cast<void>(0))
+
 #  define QUELMCL_TRACE_JOIN(first, second) QUELMCL_TRACE_JOIN_EXPANDED(first, second)
 #  define QUELMCL_TRACE_JOIN_EXPANDED(first, second) first##second
 #endif
