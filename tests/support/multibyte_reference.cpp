@@ -62,6 +62,7 @@ unsigned lengthWithin(const char* p, size_t available)
 std::vector<std::string> charactersOf(const std::string& list)
 {
   std::vector<std::string> characters;
+  characters.reserve(list.size());
   for (size_t offset = 0; offset < list.size();) {
     const unsigned length = lengthWithin(list.data() + offset, list.size() - offset);
     characters.push_back(list.substr(offset, length));
