@@ -52,9 +52,9 @@ TemplateElement elementOf(fuzz::Input& input, const std::string& text)
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count)
 {
-  constexpr std::size_t longestChain = 8;
+  constexpr std::size_t longestChain = 6;
   fuzz::Input input(bytes, count, palettes);
-  const std::string text = input.text(14);
+  const std::string text = input.text(12);
   std::vector<TemplateElement> chain;
   while (!input.isUsedUp() && chain.size() < longestChain)
     chain.push_back(elementOf(input, text));

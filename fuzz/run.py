@@ -19,8 +19,8 @@ ROOT = Path(__file__).resolve().parent.parent
 WORK = ROOT / "build" / "fuzz"
 SETTINGS = ("KOLTA MSGFILE", "KOLTA TRACE", "KOLTA TRACETO", "KOLTA TRACEFILE", "KOLTA CHECKSTACK")
 SANITIZERS = {
-    # Short stacks for every allocation, and freed blocks kept for a while only: both cost much time.
-    "ASAN_OPTIONS": "allocator_may_return_null=1:malloc_context_size=4:quarantine_size_mb=16",
+    # No stack of callers for every allocation, and freed blocks kept for a while only: both cost much time.
+    "ASAN_OPTIONS": "allocator_may_return_null=1:malloc_context_size=1:quarantine_size_mb=16",
     "UBSAN_OPTIONS": "print_stacktrace=1",
 }
 

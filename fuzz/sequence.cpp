@@ -94,7 +94,7 @@ const StepKind<Numbers> engineSteps[] = {
    }},
   {"addAllFrom itself",
    [](const Step<Numbers>& on) {
-     if (on.expected.size() > 20)
+     if (on.expected.size() > 12)
        return;
      on.sequence.addAllFrom(on.sequence);
      doubled(on.expected);
@@ -185,7 +185,7 @@ const StepKind<Typed> typedSteps[] = {
    }},
   {"addAllFrom itself",
    [](const Step<Typed>& on) {
-     if (on.expected.size() > 20)
+     if (on.expected.size() > 12)
        return;
      on.sequence.addAllFrom(on.sequence);
      doubled(on.expected);
@@ -253,7 +253,7 @@ std::vector<int> backwardOf(const Typed& sequence)
 template <class Sequence, std::size_t Count>
 void runProgram(const StepKind<Sequence> (&kinds)[Count], fuzz::Input& input)
 {
-  constexpr int mostSteps = 24;
+  constexpr int mostSteps = 12;
   Sequence sequence;
   std::vector<int> expected;
   for (int i = 0; i < mostSteps && !input.isUsedUp(); ++i) {
