@@ -8,14 +8,16 @@ option(QUELMCL_TEST_WHOLE_PROGRAMS "Run all tests of a folder in one process, as
 
 # The locales that tests run in beyond C and C.UTF-8 are compiled into the build folder: no machine needs to have them.
 set(testLocales ${PROJECT_BINARY_DIR}/locales)
-add_custom_command(
-  OUTPUT ${testLocales}/made
-  COMMAND bash ${PROJECT_SOURCE_DIR}/tests/support/make_locales.sh ${testLocales}
-  COMMAND ${CMAKE_COMMAND} -E touch ${testLocales}/made
-  DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/make_locales.sh
-  COMMENT "Compiling the locales of the tests"
-  VERBATIM)
-add_custom_target(quelmcl_locales DEPENDS ${testLocales}/made)
+if(NOT TARGET quelmcl_locales)
+  add_custom_command(
+    OUTPUT ${testLocales}/made
+    COMMAND bash ${PROJECT_SOURCE_DIR}/tests/support/make_locales.sh ${testLocales}
+    COMMAND ${CMAKE_COMMAND} -E touch ${testLocales}/made
+    DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/make_locales.sh
+    COMMENT "Compiling the locales of the tests"
+    VERBATIM)
+  add_custom_target(quelmcl_locales DEPENDS ${testLocales}/made)
+endif()
 
 # What a test may rely on: the C locale, this build's catalogs and locales, and none of the caller's own settings for either.
 set(testEnvironment LANG=C LC_ALL=C "NLSPATH=${quelmcl_NLSPATH}" "LOCPATH=${testLocales}")

@@ -59,6 +59,32 @@ struct Day {
   }
 };
 
+inline std::int64_t flooredQuotient(std::int64_t number, std::int64_t divisor)
+{
+  std::int64_t quotient = number / divisor;
+  if (quotient * divisor > number)
+    --quotient;
+  return quotient;
+}
+
+/// The conversion to a day number by its rule, step by step and in numbers that are always wide enough. The month is one.
+inline std::uint32_t numberByTheRule(int year, int month, std::int64_t day)
+{
+  const int lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const std::int64_t elapsed = std::int64_t{year} + 4713 - (year >= 1);
+  bool leap = elapsed % 4 == 0;
+  if (year > 1752 && year % 100 == 0 && year % 400 != 0)
+    leap = false;
+  std::int64_t number = day + 365 * elapsed + flooredQuotient(elapsed + 3, 4) - 1;
+  for (int m = 1; m < month; ++m)
+    number += lengths[m - 1] + (m == 2 && leap);
+  if (number >= 2361222) {
+    const std::int64_t centuries = (std::int64_t{year} - 1601) / 400 - (std::int64_t{year} - 1701) / 100;
+    number = number + centuries < 2361233 ? 2361221 : number + centuries - 11;
+  }
+  return static_cast<std::uint32_t>(number);
+}
+
 }  // namespace slowcalendar
 
 #endif

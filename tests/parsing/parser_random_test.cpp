@@ -1,17 +1,12 @@
 // parser_random_test.cpp - IStringParser: random templates on random texts, against the rules taken literally.
 #include "support/character_texts.hpp"
 #include "support/expect_text.hpp"
-#include "support/multibyte_reference.hpp"
-#include "support/parser_reference.hpp"
-#include "support/reference.hpp"
+#include "support/parser_chains.hpp"
 
 #include <quelmcl/istparse.hpp>
 #include <quelmcl/istring.hpp>
-#include <quelmcl/istrtest.hpp>
 
 #include <gtest/gtest.h>
-
-#include <ctype.h>
 
 #include <climits>
 #include <cstdlib>
@@ -19,6 +14,8 @@
 #include <string>
 #include <vector>
 
+using parserchains::apply;
+using parserchains::tests;
 using quelmcl_test::CharacterTexts;
 using reference::TemplateElement;
 using reference::TextRules;
@@ -26,42 +23,6 @@ using reference::TextRules;
 namespace {
 
 constexpr unsigned variableCount = 4;
-
-const TextRules bytewise = {
-  [](const std::string& text, const std::string& needle, unsigned start) {
-    return reference::indexOf(text, needle, start);
-  },
-  [](const std::string& text, const std::function<int(int)>& test, unsigned start) {
-    return reference::indexOf(text, test, start);
-  },
-  [](const std::string& text, const std::string& set, unsigned start) {
-    return reference::indexOfAnyOf(text, set, start);
-  },
-  [](const std::string& text, const std::string& set, unsigned start) {
-    return reference::indexOfAnyBut(text, set, start);
-  },
-  [](const std::string& text, unsigned start, unsigned length) { return reference::subString(text, start, length); },
-};
-
-const TextRules characterwise = {
-  [](const std::string& text, const std::string& needle, unsigned start) {
-    return reference::multibyte::indexOf(text, needle, start);
-  },
-  [](const std::string& text, const std::function<int(int)>& test, unsigned start) {
-    return reference::multibyte::indexOf(text, test, start);
-  },
-  [](const std::string& text, const std::string& set, unsigned start) {
-    return reference::multibyte::indexOfAnyOf(text, set, start);
-  },
-  [](const std::string& text, const std::string& set, unsigned start) {
-    return reference::multibyte::indexOfAnyBut(text, set, start);
-  },
-  [](const std::string& text, unsigned start, unsigned length) {
-    return reference::multibyte::subString(text, start, length, ' ');
-  },
-};
-
-int (*const tests[])(int) = {isspace, isdigit, ispunct, isupper};
 
 /// Texts with words, separators, and in multi-byte locales long and broken characters among them.
 class Chains {
@@ -104,45 +65,6 @@ private:
   CharacterTexts random;
 };
 
-void apply(IStringParser& parser, const TemplateElement& element, std::vector<IString>& variables)
-{
-  const std::string& pattern = element.pattern;
-  switch (element.kind) {
-  case TemplateElement::token:
-    parser >> variables[element.variable];
-    break;
-  case TemplateElement::skip:
-    parser >> IStringParser::skipWord;
-    break;
-  case TemplateElement::skips:
-    parser >> IStringParser::SkipWords(element.number);
-    break;
-  case TemplateElement::literal:
-    if (pattern.size() == 1)
-      parser >> pattern[0];
-    else if (pattern.size() % 2 == 0 && pattern.find('\0') == std::string::npos)
-      parser >> pattern.c_str();
-    else
-      parser >> IString(pattern.data(), static_cast<unsigned>(pattern.size()));
-    break;
-  case TemplateElement::test:
-    parser >> IStringTest(*element.passes.target<int (*)(int)>());
-    break;
-  case TemplateElement::absolute:
-    parser << element.number;
-    break;
-  case TemplateElement::forward:
-    parser >> element.number;
-    break;
-  case TemplateElement::signedMove:
-    parser >> element.delta;
-    break;
-  case TemplateElement::reset:
-    parser >> IStringParser::reset;
-    break;
-  }
-}
-
 std::string told(const std::vector<TemplateElement>& chain)
 {
   std::string text;
@@ -155,7 +77,7 @@ std::string told(const std::vector<TemplateElement>& chain)
 
 TEST(ParserChains, AtRandomDoWhatTheirElementsSayOneAfterTheOther)
 {
-  const TextRules& rules = MB_CUR_MAX > 1 ? characterwise : bytewise;
+  const TextRules& rules = parserchains::rulesInForce();
   Chains random;
   for (int round = 0; round < 20000; ++round) {
     const std::string text = random.text();

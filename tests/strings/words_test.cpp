@@ -252,6 +252,15 @@ TEST(Phrases, AStartThatWrapsAroundSearchesFromTheFirstWord)
   EXPECT_EQ(IString("a b c").wordIndexOfPhrase("b c", 4294967294UL), 0u);
 }
 
+TEST(Phrases, AStartOfMoreThan32BitsIsNoWords)
+{
+  if (sizeof(unsigned long) == sizeof(unsigned))
+    GTEST_SKIP() << "word numbers are 32 bits wide here";
+  EXPECT_EQ(IString("a b c").wordIndexOfPhrase("b c", ULONG_MAX), 0u);
+  EXPECT_EQ(IString("a b c").indexOfPhrase("", static_cast<unsigned long>(1ULL << 32)), 0u);
+  EXPECT_EQ(IString("a b c").wordIndexOfPhrase("b c", static_cast<unsigned long>((1ULL << 32) + 1)), 0u);
+}
+
 TEST(StringPhrase, ComparesNulsAsBytes)
 {
   const IString text("a\0b a\0c", 7);

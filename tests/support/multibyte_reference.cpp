@@ -62,6 +62,7 @@ unsigned lengthWithin(const char* p, size_t available)
 std::vector<std::string> charactersOf(const std::string& list)
 {
   std::vector<std::string> characters;
+  characters.reserve(list.size());
   for (size_t offset = 0; offset < list.size();) {
     const unsigned length = lengthWithin(list.data() + offset, list.size() - offset);
     characters.push_back(list.substr(offset, length));
@@ -675,14 +676,18 @@ std::string bytesOf(const std::string& text, const Word& word)
   return word.pos == 0 ? "" : text.substr(word.pos - 1, word.length);
 }
 
-/// The number of the word with which the phrase begins, or nothing.
+/// The number of the word with which the phrase begins, or nothing. Numbers wrap around at 32 bits; larger ones are no
+/// word's.
 std::optional<unsigned long> findPhrase(const std::string& text, const std::string& phrase, unsigned long startWord)
 {
   const std::vector<Word> present = wordsOf(text);
   const std::vector<Word> sought = wordsOf(phrase);
-  for (unsigned long first = startWord; sought.size() + first - 1ul <= present.size(); ++first) {
+  const unsigned soughtCount = narrow(sought.size());
+  if (startWord > largest)
+    return std::nullopt;
+  for (unsigned first = narrow(startWord); soughtCount + first - 1 <= present.size(); ++first) {
     bool matches = true;
-    for (unsigned long j = 1; j <= sought.size(); ++j)
+    for (unsigned j = 1; j <= soughtCount; ++j)
       matches = matches && bytesOf(phrase, entry(sought, j)) == bytesOf(text, entry(present, first + j - 1));
     if (matches)
       return first;

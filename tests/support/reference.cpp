@@ -462,14 +462,17 @@ const Word& entry(const std::vector<Word>& list, unsigned long number)
   return number == 0 || number > list.size() ? noWord : list[static_cast<size_t>(number - 1)];
 }
 
-/// The number of the word with which the phrase begins, and whether there is one. Numbers wrap around as unsigned ones
-/// do.
+/// The number of the word with which the phrase begins, and whether there is one. Numbers wrap around at 32 bits; larger
+/// ones are no word's.
 bool findPhrase(const std::vector<Word>& list, const std::vector<Word>& phrase, unsigned long startWord,
                 unsigned long& hit)
 {
-  for (unsigned long first = startWord; phrase.size() + first - 1ul <= list.size(); ++first) {
+  if (startWord > largest)
+    return false;
+  const unsigned phraseCount = static_cast<unsigned>(phrase.size());
+  for (unsigned first = static_cast<unsigned>(startWord); phraseCount + first - 1 <= list.size(); ++first) {
     bool matches = true;
-    for (unsigned long j = 1; j <= phrase.size(); ++j)
+    for (unsigned j = 1; j <= phraseCount; ++j)
       matches = matches && entry(list, first + j - 1).text == entry(phrase, j).text;
     if (matches) {
       hit = first;
