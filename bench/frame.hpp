@@ -6,6 +6,7 @@
 //     // Packages: libgmp-dev            Debian packages of the width that is measured, installed
 //     // Unpacked: libabsl-dev           the same, only unpacked below build/peers, where they refuse to be installed
 //     // Links: gmp absl_strings
+//     // Options: -fPIC                  for the compiler, where a peer's headers ask for them
 //
 // A workload has a name, data of several sizes, a goal for each size, and contenders. A contender makes of the data whatever
 // it works on, and of that the piece of work that is timed:

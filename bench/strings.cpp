@@ -20,7 +20,7 @@ Workload make("make", bench::randomDigits, {{8, 0.9}, {32, 0.9}, {1024, 0.9}});
 
 // ---- copy: shares the text, whatever its length. Peer: a shared pointer ----
 
-Workload copy("copy", bench::randomDigits, {{32, 1.5}, {1048576, 1.5}});
+Workload duplicate("copy", bench::randomDigits, {{32, 1.5}, {1048576, 1.5}});
 
 // ---- copy and change one byte: the copy is made then ----
 
@@ -77,13 +77,14 @@ const bool all[] = {
                    };
                  }),
 
-  copy.contender("quelmcl", [](const std::string& data) { return [text = stringOf(data)] { return IString(text); }; }),
-  copy.contender("shared_ptr",
-                 [](const std::string& data) {
-                   return [text = std::make_shared<const std::string>(data)] {
-                     return std::shared_ptr<const std::string>(text);
-                   };
-                 }),
+  duplicate.contender("quelmcl",
+                      [](const std::string& data) { return [text = stringOf(data)] { return IString(text); }; }),
+  duplicate.contender("shared_ptr",
+                      [](const std::string& data) {
+                        return [text = std::make_shared<const std::string>(data)] {
+                          return std::shared_ptr<const std::string>(text);
+                        };
+                      }),
 
   copyAndChange.contender(
     "quelmcl", [](const std::string& data) { return [text = stringOf(data)] { return changed(text); }; },
