@@ -71,14 +71,17 @@ std::vector<std::string_view> wordsOf(const IString& text)
 
 // ---- close up ----
 
-/// Words with one to three white-space characters between them.
+/// Words with one to three blanks between them.
 std::string looseProse(std::size_t size)
 {
   std::mt19937 random(static_cast<unsigned>(size));
-  std::string text = bench::proseOf(size);
-  for (std::size_t i = 0; i + 3 < size; ++i)
-    if (text[i] == ' ' && text[i + 1] != ' ')
-      text.replace(i + 1, random() % 3, random() % 3, random() % 2 == 0 ? ' ' : '\t');
+  std::string text;
+  text.reserve(size + 3);
+  for (const char byte : bench::proseOf(size))
+    if (byte == ' ')
+      text.append(random() % 3 + 1, ' ');
+    else
+      text += byte;
   text.resize(size, '.');
   return text;
 }
