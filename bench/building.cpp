@@ -74,9 +74,10 @@ std::string linesAbout(std::size_t size)
   return linesOf(size, length);
 }
 
-Workload shortLines("read_lines_of_40", linesAbout<40>, {{1024, 1.5}, {65536, 1.5}, {16777216, 1.5}});
-Workload longLines("read_lines_of_1000", linesAbout<1000>, {{65536, 1.5}, {16777216, 1.5}});
-Workload words("read_words", linesAbout<40>, {{1024, 1.5}, {65536, 1.5}});
+Workload shortLines("read_lines_of_40", linesAbout<40>, {{1024, 1.5}, {65536, 1.5}, {16777216, 1.5}},
+                    bench::Limit::scan);
+Workload longLines("read_lines_of_1000", linesAbout<1000>, {{65536, 1.5}, {16777216, 1.5}}, bench::Limit::scan);
+Workload words("read_words", linesAbout<40>, {{1024, 1.5}, {65536, 1.5}}, bench::Limit::scan);
 
 /// Input from memory that can begin again at no cost.
 class Replay : private std::streambuf, public std::istream {

@@ -13,12 +13,8 @@
 
 namespace {
 
+using bench::stringOf;
 using bench::Workload;
-
-IString stringOf(const std::string& bytes)
-{
-  return IString(bytes.data(), bytes.size());
-}
 
 // ---- hexadecimal digits: linear, at the speed of storage. Goal: three times as fast as a table for each byte ----
 

@@ -38,10 +38,11 @@ struct CivilDate {
   int year, month, day;
 };
 
-// The two conversions for the dates that nearly all programs have, here so that they become part of the caller and that
-// asking for day, month and year costs one of them. All other dates go through functions of the library. The way is that
-// of C. Neri and L. Schneider, "Euclidean affine functions and their application to calendar algorithms", Software:
-// Practice and Experience 53 (2023): years begin in March, so that the leap day is the last one of its year.
+// The conversions for the dates that nearly all programs have, in either calendar, here so that they become part of the
+// caller and that asking for day, month and year costs one of them. All other dates go through functions of the library.
+// The way is that of C. Neri and L. Schneider, "Euclidean affine functions and their application to calendar
+// algorithms", Software: Practice and Experience 53 (2023): years begin in March, so that the leap day is the last one
+// of its year.
 
 /// Whether a day is a Gregorian one, and so near that four times as many days have 32 bits.
 inline bool isNearDay(std::uint32_t dayNumber)
@@ -63,11 +64,28 @@ inline CivilDate nearDateOf(std::uint32_t dayNumber)
   return {static_cast<int>(year), static_cast<int>(month), static_cast<int>((monthAndDay & 0xFFFF) / 2141 + 1)};
 }
 
-/// Whether these are of the Gregorian calendar without doubt, and near in the same sense.
+/// Whether a day is one of the Julian calendar, which ended on 2 September 1752.
+inline bool isJulianDay(std::uint32_t dayNumber)
+{
+  return dayNumber <= 2361221;
+}
+
+inline CivilDate julianDateOf(std::uint32_t dayNumber)
+{
+  const std::uint32_t quarters = 4 * (dayNumber + 1401) + 3;  // since March of a leap year, which begins a cycle
+  const std::uint32_t dayOfYear = quarters % 1461 / 4;
+  const std::uint32_t monthAndDay = 2141 * dayOfYear + 197913;  // as above
+  const bool isAfterNewYear = dayOfYear >= 306;
+  const int elapsed = static_cast<int>(quarters / 1461) - 4 + isAfterNewYear;  // since 4713 BC; there is no year 0
+  const int month = static_cast<int>(monthAndDay >> 16) - (isAfterNewYear ? 12 : 0);
+  return {elapsed - (elapsed < 4713 ? 4713 : 4712), month, static_cast<int>((monthAndDay & 0xFFFF) / 2141 + 1)};
+}
+
+/// Whether these are of the Gregorian calendar or of the Julian one without doubt, and near in the same sense.
 inline bool isNearDate(int year, int month, int day)
 {
-  return static_cast<std::uint32_t>(year) - 1754 < 1000000 && static_cast<std::uint32_t>(month) - 1 < 12 &&
-         static_cast<std::uint32_t>(day) - 1 < 31;
+  return static_cast<std::uint32_t>(year) - 1 < 1001753 && static_cast<std::uint32_t>(year) - 1752 >= 2 &&
+         static_cast<std::uint32_t>(month) - 1 < 12 && static_cast<std::uint32_t>(day) - 1 < 31;
 }
 
 inline std::uint32_t nearDayNumberOf(int year, int month, int day)
@@ -76,9 +94,10 @@ inline std::uint32_t nearDayNumberOf(int year, int month, int day)
   const std::uint32_t marchYear = static_cast<std::uint32_t>(year) - isBeforeMarch;
   const std::uint32_t marchMonth = static_cast<std::uint32_t>(month) + (isBeforeMarch ? 12 : 0);
   const std::uint32_t century = marchYear / 100;
-  const std::uint32_t daysBeforeYear = 1461 * marchYear / 4 - century + century / 4;
+  // Leap days that a Julian calendar would have more; in 1 BC the two stand two days apart the other way round.
+  const std::uint32_t leftOut = year < 1752 ? 2 : century - century / 4;
   const std::uint32_t daysBeforeMonth = (979 * marchMonth - 2919) / 32;
-  return 1721119 + daysBeforeYear + daysBeforeMonth + static_cast<std::uint32_t>(day);
+  return 1721119 + 1461 * marchYear / 4 - leftOut + daysBeforeMonth + static_cast<std::uint32_t>(day);
 }
 
 }  // namespace detail
@@ -234,7 +253,9 @@ private:
   quelmcl::detail::CivilDate civilDate() const
   {
     const std::uint32_t dayNumber = static_cast<std::uint32_t>(julian);
-    return quelmcl::detail::isNearDay(dayNumber) ? quelmcl::detail::nearDateOf(dayNumber) : anyDateOf(dayNumber);
+    if (quelmcl::detail::isNearDay(dayNumber))
+      return quelmcl::detail::nearDateOf(dayNumber);
+    return quelmcl::detail::isJulianDay(dayNumber) ? quelmcl::detail::julianDateOf(dayNumber) : anyDateOf(dayNumber);
   }
 
   /// Day numbers have 32 bits, also where an unsigned long has more.

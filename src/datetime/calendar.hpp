@@ -1,5 +1,5 @@
 // calendar.hpp - day numbers to dates and back, in constant time, for every number and any parts. The header of IDate has
-// the two conversions for most dates of our centuries; what follows is for all.
+// the conversions for most dates; what follows is for all.
 //
 // From a day number to a date the way is the same as there: years begin in March, so that a leap day is the last one of
 // its year, and dividing 4n+3 by the length of four years (or centuries) gives the year and, as the remainder, four
@@ -43,18 +43,6 @@ constexpr bool isLeap(Number year)
   if (yearsElapsed(year) % 4 != 0)
     return false;
   return year <= changeoverYear || year % 100 != 0 || year % 400 == 0;
-}
-
-constexpr CivilDate julianDateOf(std::uint32_t dayNumber)
-{
-  const std::uint32_t daysBefore = 1401;  // from March of the leap year before, which begins a cycle of four years
-  const std::uint32_t quarters = 4 * (dayNumber + daysBefore) + 3;
-  const std::uint32_t dayOfYear = quarters % 1461 / 4;
-  const bool isAfterNewYear = dayOfYear >= 306;
-  const std::uint32_t monthAndDay = 2141 * dayOfYear + 197913;  // the month above bit 16, 2141 parts a day below
-  const int month = static_cast<int>(monthAndDay >> 16) - (isAfterNewYear ? 12 : 0);
-  const int elapsed = static_cast<int>(quarters / 1461) - 4 + isAfterNewYear;
-  return {yearAfter(elapsed), month, static_cast<int>((monthAndDay & 0xFFFF) / 2141) + 1};
 }
 
 /// The Gregorian calendar repeats itself every 400 years of 146097 days, so a far date has a near twin.
