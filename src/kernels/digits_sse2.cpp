@@ -12,7 +12,6 @@ QUELMCL_BEGIN_INSTRUCTIONS("sse2")
 namespace {
 
 using quelmcl::detail::DigitLoops;
-using quelmcl::detail::Instructions;
 using quelmcl::detail::portableDigitLoops;
 
 constexpr std::size_t width = 16;
