@@ -502,7 +502,7 @@ public:
   unsigned long lengthOfWord(unsigned long wordNumber) const;
   /// The position where the words of `aPhrase` stand one after the other, at or after word `startWord`, whatever
   /// white space is between them. Upper and lower case differ. An empty phrase is found at `startWord` if that is at
-  /// most one past the last word. Cost: two lists of the words, for the length of the call.
+  /// most one past the last word. Cost: two lists of words and a number for each of the phrase, until the call ends.
   unsigned long indexOfPhrase(const IString& aPhrase, unsigned long startWord = 1) const
   {
     return findPhrase(aPhrase, startWord, charIndex);

@@ -86,13 +86,44 @@ IString IString::words(unsigned long firstWord, unsigned long numWords) const
 
 namespace {
 
-/// Whether the words of `phrase` are those of `text` from `word` on.
-bool isPhraseAt(const Word* word, const char* text, const std::vector<Word>& phrase, const char* phraseText)
+/// The words of a text, to be compared with those of another.
+struct WordsOf {
+  explicit WordsOf(const IBuffer& buffer) : text(buffer.contents()), words(wordList(buffer)) {}
+
+  unsigned count() const { return static_cast<unsigned>(words.size()); }
+  /// Whether the two words are equal; both count from 0.
+  bool isSame(unsigned index, const WordsOf& other, unsigned otherIndex) const
+  {
+    const Word& one = words[index];
+    const Word& second = other.words[otherIndex];
+    return one.len == second.len && std::memcmp(text + (one.pos - 1), other.text + (second.pos - 1), one.len) == 0;
+  }
+
+  const char* text;
+  std::vector<Word> words;
+};
+
+/// The number of the first word at or behind `from` (from 1) where the phrase, which is not empty, stands; 0 if nowhere. Linear, however
+/// nearly the phrase stands in many places: as Knuth, Morris and Pratt do with characters, words that have been compared are not gone
+/// back to. borders[n] is the greatest number of words, less than n + 1, that end as well as begin the first n + 1 words of the phrase.
+unsigned findWords(const WordsOf& present, const WordsOf& phrase, unsigned from)
 {
-  return std::equal(phrase.begin(), phrase.end(), word, [&](const Word& sought, const Word& present) {
-    return sought.len == present.len &&
-           std::memcmp(phraseText + (sought.pos - 1), text + (present.pos - 1), sought.len) == 0;
-  });
+  std::vector<unsigned> borders(phrase.count(), 0);
+  const auto matchedWith = [&](unsigned matched, const WordsOf& words, unsigned index) {
+    while (matched > 0 && !phrase.isSame(matched, words, index))
+      matched = borders[matched - 1];
+    return phrase.isSame(matched, words, index) ? matched + 1 : 0;
+  };
+  for (unsigned index = 1; index < phrase.count(); ++index)
+    borders[index] = matchedWith(borders[index - 1], phrase, index);
+
+  unsigned matched = 0;
+  for (unsigned index = from - 1; index < present.count(); ++index) {
+    matched = matchedWith(matched, present, index);
+    if (matched == phrase.count())
+      return index + 2 - matched;
+  }
+  return 0;
 }
 
 }  // namespace
@@ -101,22 +132,23 @@ unsigned long IString::findPhrase(const IString& aPhrase, unsigned long startWor
 {
   if (startWord > largestNumber)
     return 0;
-  const std::vector<Word> present = wordList(*buffer());
-  const std::vector<Word> phrase = wordList(*aPhrase.buffer());
-  const unsigned presentCount = static_cast<unsigned>(present.size());
-  const unsigned phraseCount = static_cast<unsigned>(phrase.size());
-
+  const WordsOf present(*buffer());
+  const WordsOf phrase(*aPhrase.buffer());
+  unsigned at = static_cast<unsigned>(startWord);
+  if (phrase.count() + at - 1 > present.count())
+    return 0;
+  const auto answer = [&](unsigned number) -> unsigned long {
+    if (charOrWord == wordIndex || number == 0)
+      return number;
+    return number <= present.count() ? present.words[number - 1].pos : 0;
+  };
+  if (phrase.count() == 0)
+    return answer(at);
   // Word numbers wrap around at 32 bits: a start so large that the phrase would end beyond the largest number finds
   // it from the first word on.  Test: Phrases.AStartThatWrapsAroundSearchesFromTheFirstWord
-  for (unsigned at = static_cast<unsigned>(startWord); phraseCount + at - 1 <= presentCount; ++at) {
-    const bool isPresent = phraseCount == 0 || (at >= 1 && at <= presentCount);
-    if (!isPresent || !isPhraseAt(present.data() + (at - 1), pBuffer, phrase, aPhrase.pBuffer))
-      continue;
-    if (charOrWord == wordIndex)
-      return at;
-    return at >= 1 && at <= presentCount ? present[at - 1].pos : 0;
-  }
-  return 0;
+  if (at == 0 || at > present.count())
+    at = 1;
+  return answer(findWords(present, phrase, at));
 }
 
 // ---- removing and respacing ----
