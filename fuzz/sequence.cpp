@@ -266,11 +266,10 @@ void runProgram(const StepKind<Sequence> (&kinds)[Count], fuzz::Input& input)
 
     agree(static_cast<unsigned long>(sequence.numberOfElements()), static_cast<unsigned long>(expected.size()));
     agree(sequence.isConsistent(), "the links are consistent");
-    agree(forwardOf(sequence) == expected, "the numbers from the front");
-    std::reverse(expected.begin(), expected.end());
-    agree(backwardOf(sequence) == expected, "the numbers from the back");
-    std::reverse(expected.begin(), expected.end());
   }
+  agree(forwardOf(sequence) == expected, "the numbers from the front");
+  std::reverse(expected.begin(), expected.end());
+  agree(backwardOf(sequence) == expected, "the numbers from the back");
 }
 
 }  // namespace

@@ -180,7 +180,7 @@ private:
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count)
 {
-  constexpr int mostSteps = 8;
+  constexpr int mostSteps = 6;
   static std::FILE* const keeping = keepingStream();
   fuzz::Input input(bytes, count, palettes);
   std::FILE* const before = std::exchange(stdout, keeping);
