@@ -25,19 +25,19 @@ public:
       search(read),
       separators(search.listOf(whiteSpace, whiteSpaceCount)),
       isOfBytes(search.findsByBytes(separators)),
-      bytes(read.contents(), read.length()),
-      from(isOfBytes ? search.start(startPos) : startPos)
+      from(isOfBytes ? search.start(startPos) : startPos),
+      edges(read.contents(), read.length(), isOfBytes && from != 0 ? from - 1 : read.length())
   {
   }
 
   /// The next word, or position 0 when there is none.
   Word next() { return isOfBytes ? nextOfBytes() : nextOfCharacters(); }
 
-  /// How many words there are from here on, all of them when none has been read yet. Nothing is left to read then.
-  unsigned long countRest()
+  /// How many words there are from the position given on, when none has been read yet.
+  unsigned long count()
   {
-    if (isOfBytes && from <= 1)
-      return bytes.countWords();
+    if (isOfBytes && from == 1)
+      return countWords(text.contents(), text.length());
     unsigned long count = 0;
     while (next().pos != 0)
       ++count;
@@ -47,13 +47,10 @@ public:
 private:
   Word nextOfBytes()
   {
-    const std::size_t begin = from == 0 ? text.length() : bytes.firstOther(from - 1);
-    if (begin == text.length()) {
-      from = 0;
+    const std::size_t begin = edges.next();
+    if (begin == text.length())
       return {0, 0};
-    }
-    const std::size_t end = bytes.firstWhite(begin);
-    from = static_cast<unsigned>(end + 1);
+    const std::size_t end = edges.next();
     return {static_cast<unsigned>(begin + 1), static_cast<unsigned>(end - begin)};
   }
 
@@ -73,8 +70,8 @@ private:
   ForwardSearch search;
   CharacterList separators;
   bool isOfBytes;  // white space is never a part of a longer character
-  WhiteSpaceScan bytes;
   unsigned from;
+  WordEdges edges;
 };
 
 }  // namespace quelmcl::detail
