@@ -7,6 +7,8 @@
 
 #include "buffers/characterlist.hpp"
 #include "buffers/charactersearch.hpp"
+#include "buffers/searchstart.hpp"
+#include "kernels/textsearch.hpp"
 
 #include <typeinfo>
 
@@ -29,6 +31,8 @@ public:
   {
     if (!isOwnKind)
       return text.indexOf(pSearchString, searchLen, startPos);
+    if (isBytes)
+      return indexOfBytes(pSearchString, searchLen, startPos);
     const unsigned start = search.forwardStart(startPos, searchLen);
     return searchLen == 0 ? 0 : search.firstText(pSearchString, searchLen, start);
   }
@@ -59,6 +63,16 @@ public:
   }
 
 private:
+  unsigned indexOfBytes(const char* pSearchString, unsigned searchLen, unsigned startPos) const
+  {
+    const unsigned start = searchLen == 0 ? 0 : forwardStart(text.length(), startPos, searchLen);
+    if (start == 0)
+      return 0;
+    const unsigned skipped = start - 1;
+    const std::size_t found = findText(text.contents() + skipped, text.length() - skipped, pSearchString, searchLen);
+    return found == nowhere ? 0 : static_cast<unsigned>(skipped + found + 1);
+  }
+
   const IBuffer& text;
   bool isBytes;
   bool isOwnKind;  // a class derived from ours may search in its own way, and is asked to
