@@ -47,21 +47,26 @@ using Rows = ILinkedSequence<Row>;
 
 /// A line in its parts. What the line does not name is empty.
 struct Entry {
-  IString date, time, action, package, architecture, installedVersion, availableVersion;
+  IString moment;  // "date time"
+  IString action;
+  IString package;  // "package architecture"
+  IString version;  // the one that is now at hand or installed
 };
 
-/// How the lines of one action look: how many words they have, and which of them is the package (0: none).
+/// How the lines of one action go on: words of no interest, then so many parts, of which the first is the package or not.
 struct LineForm {
   const char* action;
-  unsigned long wordCount, packageWord;
+  unsigned long skipped, parts;
+  bool namesPackage;
 };
 
 const LineForm lineForms[] = {
-  {"startup", 5, 0},   // date time startup  archives|packages command
-  {"conffile", 5, 0},  // date time conffile file decision
-  {"status", 6, 5},    // date time status   state package:architecture installed-version
-  {"install", 6, 4},   // date time install  package:architecture installed-version available-version, and so on:
-  {"upgrade", 6, 4},  {"configure", 6, 4}, {"trigproc", 6, 4}, {"disappear", 6, 4}, {"remove", 6, 4}, {"purge", 6, 4},
+  {"startup", 0, 2, false},   // archives|packages command
+  {"conffile", 0, 2, false},  // file decision
+  {"status", 1, 2, true},     // state package:architecture installed-version
+  {"install", 0, 3, true},    // package:architecture installed-version available-version, and so on:
+  {"upgrade", 0, 3, true},   {"configure", 0, 3, true}, {"trigproc", 0, 3, true},
+  {"disappear", 0, 3, true}, {"remove", 0, 3, true},    {"purge", 0, 3, true},
 };
 
 /// Whether the two digits at `pos` are in a range. Numbers of as many digits compare as texts.
@@ -91,29 +96,25 @@ const LineForm& lineFormOf(const IString& action)
 Entry entryFrom(const IString& line)
 {
   Entry entry;
-  IString parts, package, nothing;
-  line >> entry.date >> entry.time >> entry.action >> parts;
-  if (!isMoment(entry.date + ' ' + entry.time))
+  IString date, time, rest, part[4];
+  line >> date >> time >> entry.action >> rest;
+  entry.moment = date + ' ' + time;
+  if (!isMoment(entry.moment))
     throw IInvalidParameter("no date and time in front");
 
   const LineForm& form = lineFormOf(entry.action);
-  const unsigned long wordCount = line.numWords();
-  if (wordCount < form.wordCount)
+  rest >> IStringParser::SkipWords(form.skipped) >> part[0] >> part[1] >> part[2] >> part[3] >> IStringParser::skipWord;
+  if (part[form.parts - 1].length() == 0)
     throw IInvalidParameter("too few words");
-  if (form.packageWord == 0)  // further words belong to the name of a file
+  if (!form.namesPackage)  // further words belong to the name of a file
     return entry;
-  if (wordCount > form.wordCount)
+  if (part[form.parts].length() > 0)
     throw IInvalidParameter("too many words");
-  if (!line.words(form.packageWord).isPrintable())
+  if (!(part[0] + part[1] + part[2]).isPrintable())
     throw IInvalidParameter("unprintable bytes");
 
-  parts >> IStringParser::SkipWords(form.packageWord - 4) >> package >> entry.installedVersion >>
-    entry.availableVersion >> nothing;
-  package >> entry.package >> ':' >> entry.architecture;
-  if (package.indexOf(':') == 0)
-    entry.architecture = "-";
-  entry.installedVersion.change("<none>", "");
-  entry.availableVersion.change("<none>", "");
+  entry.package = part[0].indexOf(':') == 0 ? part[0] + " -" : part[0].change(":", " ", 1, 1);
+  entry.version = part[2].change("<none>", "").length() > 0 ? part[2] : part[1].change("<none>", "");
   return entry;
 }
 
@@ -130,22 +131,19 @@ struct Log {
 
 void addEntry(const Entry& entry, Log& log)
 {
-  const IString moment = entry.date + ' ' + entry.time;
-  if (log.actions.empty() || moment < log.first)
-    log.first = moment;
-  if (moment > log.last)
-    log.last = moment;
+  if (log.actions.empty() || entry.moment < log.first)
+    log.first = entry.moment;
+  if (entry.moment > log.last)
+    log.last = entry.moment;
   ++log.actions[entry.action];
-  ++log.hours[entry.date + ' ' + entry.time.subString(1, 2) + ":00"];
+  ++log.hours[entry.moment.subString(1, 13) + ":00"];
   if (entry.package.length() == 0)
     return;
 
-  const IString package = entry.package + ' ' + entry.architecture;
-  ++log.packages[package];
-  const IString& version = entry.availableVersion.length() > 0 ? entry.availableVersion : entry.installedVersion;
-  IString& latest = log.versions[package];
-  if (version.length() > 0 && moment >= latest.words(1, 2))  // the logs may be read in any order
-    latest = moment + ' ' + version;
+  ++log.packages[entry.package];
+  IString& latest = log.versions[entry.package];
+  if (entry.version.length() > 0 && entry.moment >= latest.subString(1, 19))  // the logs may be read in any order
+    latest = entry.moment + ' ' + entry.version;
 }
 
 /// The text with its unprintable bytes as \xHH.

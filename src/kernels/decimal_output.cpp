@@ -57,31 +57,8 @@ Limb powerOfTen(std::size_t exponent)
 
 // ---- short numbers: divided by the largest power of ten of one limb ----
 
-// Moeller and Granlund, Improved division by invariant integers (2011), algorithm 4: the quotient of two limbs by a
-// divisor whose highest bit is set is guessed by a product with its reciprocal and is then at most one off, twice.
-struct LimbDivisor {
-  static constexpr unsigned shift = static_cast<unsigned>(std::countl_zero(powerOfLimb));
-  static constexpr Limb divisor = powerOfLimb << shift;
-  static constexpr Limb reciprocal = static_cast<Limb>(
-    (static_cast<DoubleLimb>(static_cast<Limb>(~divisor)) << limbBits | static_cast<Limb>(-1)) / divisor);
-
-  /// Divides rest * B + limb; leaves the new rest.
-  static Limb divide(Limb& rest, Limb limb)
-  {
-    const DoubleLimb guess = DoubleLimb{rest} * reciprocal + (DoubleLimb{rest} << limbBits | limb);
-    Limb quotient = static_cast<Limb>(guess >> limbBits) + 1;
-    rest = limb - quotient * divisor;
-    if (rest > static_cast<Limb>(guess)) {
-      --quotient;
-      rest += divisor;
-    }
-    if (rest >= divisor) {
-      ++quotient;
-      rest -= divisor;
-    }
-    return quotient;
-  }
-};
+constexpr unsigned shiftOfPower = static_cast<unsigned>(std::countl_zero(powerOfLimb));
+constexpr LimbDivisor shiftedPower(powerOfLimb << shiftOfPower);
 
 /// Writes the number as exactly `count` digits that end before `end`, which must be enough. The number, of `length` limbs, is
 /// lost.
@@ -90,7 +67,7 @@ void writeShort(Limb* number, std::size_t length, char* end, std::size_t count)
   length = significantLimbs(number, length);
   while (length > 1) {
     // Shifted on the way, so that the divisor's highest bit is set and the rest comes out at the same place.
-    constexpr unsigned shift = LimbDivisor::shift;
+    constexpr unsigned shift = shiftOfPower;
     Limb rest = 0;
     if constexpr (shift > 0)
       rest = number[length - 1] >> (limbBits - shift);
@@ -98,7 +75,7 @@ void writeShort(Limb* number, std::size_t length, char* end, std::size_t count)
       Limb limb = number[i] << shift;
       if constexpr (shift > 0)
         limb |= i > 0 ? number[i - 1] >> (limbBits - shift) : 0;
-      number[i] = LimbDivisor::divide(rest, limb);
+      number[i] = shiftedPower.divide(rest, limb);
     }
     writeLimb(rest >> shift, end, digitsPerLimb);
     end -= digitsPerLimb;

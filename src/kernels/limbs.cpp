@@ -256,18 +256,22 @@ void divideLimbs(Limb* quotient, Limb* dividend, std::size_t length, const Limb*
                  std::size_t divisorLength) noexcept
 {
   const Limb top = divisor[divisorLength - 1], second = divisorLength > 1 ? divisor[divisorLength - 2] : 0;
+  const LimbDivisor byTop(top);
   for (std::size_t i = length - divisorLength + 1; i-- > 0;) {
     Limb* const part = dividend + i;
-    const Limb above = part[divisorLength];
-    const DoubleLimb leading = DoubleLimb{above} << limbBits | part[divisorLength - 1];
-    DoubleLimb guess = above >= top ? static_cast<Limb>(-1) : leading / top;
-    DoubleLimb rest = leading - guess * top;
+    const Limb above = part[divisorLength], first = part[divisorLength - 1];
+    Limb digit = static_cast<Limb>(-1);
+    DoubleLimb rest = DoubleLimb{first} + top;  // as long as `above` is the top limb; it is never more
+    if (above < top) {
+      Limb restOfTop = above;
+      digit = byTop.divide(restOfTop, first);
+      rest = restOfTop;
+    }
     const Limb next = divisorLength > 1 ? part[divisorLength - 2] : 0;
-    while (highOf(rest) == 0 && guess * second > (rest << limbBits | next)) {  // at most twice
-      --guess;
+    while (highOf(rest) == 0 && DoubleLimb{digit} * second > (rest << limbBits | next)) {  // at most twice
+      --digit;
       rest += top;
     }
-    const Limb digit = lowOf(guess);
     const Limb borrow = subtractProduct(part, divisor, divisorLength, digit);
     quotient[i] = digit;
     part[divisorLength] = above - borrow;

@@ -59,6 +59,39 @@ void multiplyDigitByDigit(Limb* product, const Limb* a, std::size_t aLength, con
 /// By halves (Karatsuba); both factors have `length` limbs.
 void multiplyByHalves(Limb* product, const Limb* a, const Limb* b, std::size_t length);
 
+/// Division by one limb whose highest bit is set, by two products instead of the processor's division. Moeller and Granlund,
+/// Improved division by invariant integers (2011), algorithm 4: the quotient is guessed by a product with the reciprocal
+/// and is then at most one off, twice.
+class LimbDivisor {
+public:
+  constexpr explicit LimbDivisor(Limb limb) noexcept
+    : divisor(limb),
+      reciprocal(static_cast<Limb>((DoubleLimb{static_cast<Limb>(~limb)} << limbBits | static_cast<Limb>(-1)) / limb))
+  {
+  }
+
+  /// Divides rest * B + limb, where B is one more than the largest limb; leaves the new rest. The old one is less than the
+  /// divisor.
+  constexpr Limb divide(Limb& rest, Limb limb) const noexcept
+  {
+    const DoubleLimb guess = DoubleLimb{rest} * reciprocal + (DoubleLimb{rest} << limbBits | limb);
+    Limb quotient = static_cast<Limb>(guess >> limbBits) + 1;
+    rest = limb - quotient * divisor;
+    if (rest > static_cast<Limb>(guess)) {
+      --quotient;
+      rest += divisor;
+    }
+    if (rest >= divisor) {
+      ++quotient;
+      rest -= divisor;
+    }
+    return quotient;
+  }
+
+private:
+  Limb divisor, reciprocal;
+};
+
 /// Knuth's algorithm D. `dividend` has `length` limbs and one more above them, which is less than the divisor's highest;
 /// the divisor has at most `length` limbs and its highest bit is set. The remainder is left in the lower limbs of the
 /// dividend. The quotient has length - divisorLength + 1 limbs.
