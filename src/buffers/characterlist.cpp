@@ -4,6 +4,8 @@
 
 #include "kernels/textsearch.hpp"
 
+#include <algorithm>
+
 namespace quelmcl::detail {
 
 CharacterList::CharacterList(const CharacterSet& charactersOf, const char* listed, unsigned count)
@@ -34,9 +36,21 @@ CharacterList::CharacterList(const CharacterSet& charactersOf, const char* liste
 // parts of.
 bool CharacterList::hasLong(const char* p, unsigned length) const
 {
+  constexpr unsigned few = 32;
+  if (size <= few)  // a search would take longer to begin than all of this
+    return hasLongAmongFew(p, length);
   TextSearch<Forward> search(list, size, p, length);
   for (std::size_t found = search.next(); found != nowhere; found = search.next())
     if (set.isUtf8() || isBoundary(static_cast<unsigned>(found)))
+      return true;
+  return false;
+}
+
+bool CharacterList::hasLongAmongFew(const char* p, unsigned length) const
+{
+  for (unsigned offset = 0; offset + length <= size; ++offset)
+    if (list[offset] == p[0] && list[offset + 1] == p[1] && std::equal(p + 2, p + length, list + offset + 2) &&
+        (set.isUtf8() || isBoundary(offset)))
       return true;
   return false;
 }

@@ -36,6 +36,7 @@ public:
 
 private:
   bool hasLong(const char* p, unsigned length) const;
+  bool hasLongAmongFew(const char* p, unsigned length) const;
   bool isBoundary(unsigned offset) const;
 
   enum : unsigned { noted = 256 };  // how many bytes of the list have a note of whether a character begins there

@@ -6,6 +6,8 @@
 #include "buffers/characterlist.hpp"
 #include "buffers/charactersearch.hpp"
 #include "buffers/kinds.hpp"
+#include "buffers/searchstart.hpp"
+#include "kernels/textsearch.hpp"
 
 namespace quelmcl::detail {
 
@@ -17,6 +19,7 @@ public:
   explicit ForwardSearch(const IBuffer& searched)
     : text(searched),
       isOwn(isOwnKind(searched)),
+      isBytes(isOwnSingleByte(searched)),
       search(searched, isOwnMultiByte(searched) ? CharacterSet::current() : CharacterSet::ofBytes())
   {
   }
@@ -25,6 +28,8 @@ public:
   {
     if (!isOwn)
       return text.indexOf(pSearchString, searchLen, startPos);
+    if (isBytes)
+      return indexOfBytes(pSearchString, searchLen, startPos);
     const unsigned start = search.forwardStart(startPos, searchLen);
     return searchLen == 0 ? 0 : search.firstText(pSearchString, searchLen, start);
   }
@@ -55,8 +60,18 @@ public:
   }
 
 private:
+  unsigned indexOfBytes(const char* pSearchString, unsigned searchLen, unsigned startPos) const
+  {
+    const unsigned start = searchLen == 0 ? 0 : forwardStart(text.length(), startPos, searchLen);
+    if (start == 0)
+      return 0;
+    const unsigned skipped = start - 1;
+    const std::size_t found = findText(text.contents() + skipped, text.length() - skipped, pSearchString, searchLen);
+    return found == nowhere ? 0 : static_cast<unsigned>(skipped + found + 1);
+  }
+
   const IBuffer& text;
-  bool isOwn;
+  bool isOwn, isBytes;
   CharacterSearch search;  // of our own kinds; others are asked
 };
 

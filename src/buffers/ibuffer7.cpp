@@ -223,12 +223,49 @@ public:
     return found;
   }
 
+  /// The next one is that of another search for the same, which has come at least as far.
+  void goOnAs(const Occurrences& other)
+  {
+    from = other.from;
+    left = other.left;
+  }
+
 private:
   quelmcl::detail::ForwardSearch search;
   const char* pattern;
   unsigned patternLength;
   unsigned from;
   unsigned left;
+};
+
+/// All the occurrences, counted; so many as have room are noted meanwhile, the others searched for once more.
+class CountedOccurrences {
+public:
+  CountedOccurrences(Occurrences counting, unsigned first) : places{first}, all(1), behindNotes(counting)
+  {
+    for (unsigned pos = counting.next(); pos != 0; pos = counting.next()) {
+      if (all < noted)
+        places[all] = pos;
+      if (++all == noted)
+        behindNotes.goOnAs(counting);
+    }
+  }
+
+  unsigned count() const { return all; }
+  /// As of Occurrences, from the first one on.
+  unsigned next()
+  {
+    if (read < noted)
+      return read < all ? places[read++] : 0;
+    return behindNotes.next();
+  }
+
+private:
+  enum : unsigned { noted = 64 };
+  unsigned places[noted];
+  unsigned all;
+  unsigned read = 0;
+  Occurrences behindNotes;  // goes on where the notes end
 };
 
 unsigned changedLength(unsigned length, unsigned count, unsigned patternLen, unsigned replacementLen)
@@ -240,15 +277,14 @@ unsigned changedLength(unsigned length, unsigned count, unsigned patternLen, uns
 
 }  // namespace
 
-// A pass over the occurrences where the length stays; otherwise one to count them, and one to build the result.
+// A pass over the occurrences where the length stays; otherwise one to count them, and one to build the result, which
+// searches once more only where there are very many.
 IBuffer* IBuffer::change(const char* pPattern, unsigned patternLen, const char* pReplacement, unsigned replacementLen,
                          unsigned startPos, unsigned numChanges)
 {
   const StableText pattern(pPattern, patternLen, *this);
   const StableText replacement(pReplacement, replacementLen, *this);
-  const Occurrences all(*this, pattern.get(), patternLen, startPos, numChanges);
-
-  Occurrences counting = all;
+  Occurrences counting(*this, pattern.get(), patternLen, startPos, numChanges);
   const unsigned first = counting.next();
   if (first == 0)
     return addRef();
@@ -263,10 +299,8 @@ IBuffer* IBuffer::change(const char* pPattern, unsigned patternLen, const char* 
     return result;
   }
 
-  unsigned count = 1;
-  while (counting.next() != 0)
-    ++count;
-  IBuffer* const result = unfilled(*this, changedLength(len, count, patternLen, replacementLen));
+  CountedOccurrences places(counting, first);
+  IBuffer* const result = unfilled(*this, changedLength(len, places.count(), patternLen, replacementLen));
   char* end = result->contents();
   const auto append = [&end](const char* text, unsigned length) {
     if (length > 0)
@@ -274,8 +308,7 @@ IBuffer* IBuffer::change(const char* pPattern, unsigned patternLen, const char* 
     end += length;
   };
   unsigned done = 0;
-  Occurrences filling = all;
-  for (unsigned pos = filling.next(); pos != 0; pos = filling.next()) {
+  for (unsigned pos = places.next(); pos != 0; pos = places.next()) {
     append(contents() + done, pos - 1 - done);
     append(replacement.get(), replacementLen);
     done = pos - 1 + patternLen;

@@ -5,7 +5,7 @@
 
 #include "kernels/vectors.hpp"
 
-#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -20,68 +20,82 @@ constexpr bool isWhiteSpace(char byte) noexcept
   return byte == ' ' || (byte >= '\t' && byte <= '\r');
 }
 
-/// Finds white space and what is none. The text must not change meanwhile. Places that do not decrease cost one pass
-/// over the text together.
-class WhiteSpaceScan {
+/// A bit for each of the next 64 bytes: whether it is white space. Behind the text there are blanks.
+inline std::uint64_t whiteSpaceMask(const char* text, std::size_t length) noexcept
+{
+  constexpr std::size_t blockSize = 64;
+  if (length >= blockSize)
+    return vectors().whiteSpace(text);
+  char padded[blockSize];
+  std::memset(padded, ' ', sizeof padded);
+  std::memcpy(padded, text, length);
+  return vectors().whiteSpace(padded);
+}
+
+/// How many words begin in a text.
+inline std::size_t countWords(const char* text, std::size_t length) noexcept
+{
+  constexpr std::size_t blockSize = 64;
+  std::size_t count = 0;
+  std::uint64_t whiteBefore = 1;
+  for (std::size_t at = 0; at < length; at += blockSize) {
+    const std::uint64_t white = whiteSpaceMask(text + at, length - at);
+    count += static_cast<std::size_t>(__builtin_popcountll(~white & (white << 1 | whiteBefore)));
+    whiteBefore = white >> (blockSize - 1);
+  }
+  return count;
+}
+
+/// The number of the lowest bit set; there is one. By halves, since 32-bit code would call a function for the whole.
+inline unsigned lowestBit(std::uint64_t mask) noexcept
+{
+  const std::uint32_t low = static_cast<std::uint32_t>(mask);
+  const std::uint32_t high = static_cast<std::uint32_t>(mask >> 32);
+  return static_cast<unsigned>(low != 0 ? __builtin_ctz(low) : 32 + __builtin_ctz(high));
+}
+
+/// The places of a text where words begin and end, one after the other. The text must not change meanwhile. Cost: one
+/// pass over it together.
+class WordEdges {
 public:
-  WhiteSpaceScan(const char* scanned, std::size_t lengthOfText) noexcept : text(scanned), length(lengthOfText) {}
-
-  /// The offset of the first byte from `from` on that is white space, or is not; the length when there is none.
-  std::size_t firstWhite(std::size_t from) noexcept { return first(from, 0); }
-  std::size_t firstOther(std::size_t from) noexcept { return first(from, ~std::uint64_t{0}); }
-
-  /// How many words begin in the whole text.
-  std::size_t countWords() noexcept
+  /// From `from` on; what stands before it is taken for white space.
+  WordEdges(const char* scanned, std::size_t lengthOfText, std::size_t from) noexcept
+    : text(scanned), length(lengthOfText), block(from / blockSize * blockSize)
   {
-    std::size_t count = 0;
-    std::uint64_t whiteBefore = 1;
-    for (std::size_t at = 0; at < length; at += blockSize) {
-      lookAt(at);
-      count += static_cast<std::size_t>(__builtin_popcountll(~white & (white << 1 | whiteBefore)));
-      whiteBefore = white >> (blockSize - 1);
+    const std::uint64_t whiteBefore = (std::uint64_t{1} << (from % blockSize)) - 1;
+    lookAt(block, whiteBefore);
+  }
+
+  /// The beginning of a word, or the end of the one that began at the place given last; the length of the text when there
+  /// is no more word.
+  std::size_t next() noexcept
+  {
+    while (edges == 0) {
+      if (length - block <= blockSize)
+        return length;
+      block += blockSize;
+      lookAt(block, 0);
     }
-    return count;
+    const std::size_t edge = block + lowestBit(edges);
+    edges &= edges - 1;
+    return edge;
   }
 
 private:
   enum : std::size_t { blockSize = 64 };
 
-  /// The first place from `from` on whose bit in the mask differs from `other`'s.
-  std::size_t first(std::size_t from, std::uint64_t other) noexcept
+  void lookAt(std::size_t at, std::uint64_t alsoWhite) noexcept
   {
-    if (from >= length)
-      return length;
-    lookAt(from / blockSize * blockSize);
-    std::uint64_t found = (white ^ other) >> (from % blockSize) << (from % blockSize);
-    while (found == 0) {
-      if (length - block <= blockSize)
-        return length;
-      lookAt(block + blockSize);
-      found = white ^ other;
-    }
-    return std::min(block + static_cast<std::size_t>(__builtin_ctzll(found)), length);
-  }
-
-  /// Fills the mask for the block at `at`. Behind the text there are blanks.
-  void lookAt(std::size_t at) noexcept
-  {
-    if (at == block)
-      return;
-    block = at;
-    if (length - at >= blockSize) {
-      white = vectors().whiteSpace(text + at);
-      return;
-    }
-    char padded[blockSize];
-    std::memset(padded, ' ', sizeof padded);
-    std::memcpy(padded, text + at, length - at);
-    white = vectors().whiteSpace(padded);
+    const std::uint64_t white = whiteSpaceMask(text + at, length - at) | alsoWhite;
+    edges = white ^ (white << 1 | lastWasWhite);
+    lastWasWhite = white >> (blockSize - 1);
   }
 
   const char* text;
   std::size_t length;
-  std::size_t block = nowhere;  // the place of the block that the mask is of
-  std::uint64_t white = 0;      // a bit for each byte of it
+  std::size_t block;
+  std::uint64_t edges = 0;         // of the block, those not given yet: bytes unlike the one before them
+  std::uint64_t lastWasWhite = 1;  // the last byte of the block before, or what stands before the text
 };
 
 }  // namespace quelmcl::detail

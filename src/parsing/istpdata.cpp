@@ -2,6 +2,7 @@
 // Tests: tests/parsing/parser_test.cpp
 #include "parsing/istpdata.hpp"
 
+#include "buffers/kinds.hpp"
 #include "kernels/whitespace.hpp"
 
 #include <algorithm>
@@ -9,21 +10,44 @@
 #include <cstring>
 #include <limits>
 
+using quelmcl::detail::isWhiteSpace;
 using quelmcl::detail::wordSeparators;
 
 namespace {
 
-/// The next word of a text: where it begins (0 for none), where it ends, and where to go on, one white-space character
-/// behind it.
+/// Whether a text is of the kind in which every byte is a character, and searched as we search it.
+bool isOfBytes(const IString& text)
+{
+  return quelmcl::detail::isOwnSingleByte(*IBuffer::fromContents(text));
+}
+
+/// The position of the first byte from `from` on that is white space, or is not; 0 when there is none.
+unsigned long firstByte(const IString& text, unsigned long from, bool wantsWhiteSpace)
+{
+  if (isOfBytes(text)) {  // most words end so near that no search pays
+    constexpr unsigned long near = 24;
+    const char* const bytes = text;
+    for (const unsigned long nearEnd = std::min(from + near, text.length() + 1ul); from < nearEnd; ++from)
+      if (isWhiteSpace(bytes[from - 1]) == wantsWhiteSpace)
+        return from;
+  }
+  if (from > text.length())
+    return 0;
+  const unsigned start = static_cast<unsigned>(from);
+  return wantsWhiteSpace ? text.indexOfAnyOf(wordSeparators, start) : text.indexOfAnyBut(wordSeparators, start);
+}
+
+/// The next word of a text, up to the place `behind` in it: where it begins (0 for none), where it ends, and where to go
+/// on, one white-space character behind it.
 struct NextWord {
-  NextWord(const IString& text, unsigned long from)
+  NextWord(const IString& text, unsigned long from, unsigned long behind)
   {
-    const unsigned long behindText = text.length() + 1ul;
-    if (from < behindText)
-      start = text.indexOfAnyBut(wordSeparators, static_cast<unsigned>(from));
-    const unsigned space = start == 0 ? 0 : text.indexOfAnyOf(wordSeparators, static_cast<unsigned>(start));
-    end = space == 0 ? behindText : space;
-    next = space == 0 ? behindText : space + 1ul;
+    const unsigned long found = from < behind ? firstByte(text, from, false) : 0;
+    start = found < behind ? found : 0;
+    const unsigned long space = start == 0 ? 0 : firstByte(text, start, true);
+    const bool isLast = space == 0 || space >= behind;
+    end = isLast ? behind : space;
+    next = isLast ? behind : space + 1;
   }
 
   unsigned length() const { return static_cast<unsigned>(end - start); }
@@ -37,6 +61,23 @@ struct NextWord {
 IString restFrom(const IString& text, unsigned long position)
 {
   return position == 1 ? text : text.subString(static_cast<unsigned>(position));
+}
+
+/// Makes a variable the text from `from` to before `behind`, or empty where that is nothing. Mostly it is that already,
+/// from when it was cut down to a word.
+void assignPart(IString* token, const IString& text, unsigned long from, unsigned long behind)
+{
+  if (token == nullptr)
+    return;
+  const unsigned length = from < behind ? static_cast<unsigned>(behind - from) : 0;
+  const char* const part = static_cast<const char*>(text) + (length == 0 ? 0 : from - 1);
+  if (token->length() == length && isOfBytes(*token) == isOfBytes(text) &&
+      std::memcmp(static_cast<const char*>(*token), part, length) == 0)
+    return;
+  if (length == 0)
+    *token = IString();
+  else
+    *token = length == text.length() ? text : text.subString(static_cast<unsigned>(from), length);
 }
 
 }  // namespace
@@ -96,7 +137,7 @@ void IStringParserData::reparseLastToken()
 {
   if (lastToken == nullptr && !lastSkip)
     return;
-  const NextWord word(parseText, currentPosition);
+  const NextWord word(parseText, currentPosition, behindText());
   IString* const token = lastToken;
   if (token != nullptr && word.start == 0)
     *token = IString();
@@ -112,22 +153,28 @@ void IStringParserData::reparseLastToken()
 /// Shares the text from `startPos` to before `stopPos` out to the tokens saved: a word to each, the rest to the last.
 void IStringParserData::reparseTokens(unsigned long startPos, unsigned long stopPos)
 {
-  const IString section(
-    parseText.subString(static_cast<unsigned>(startPos), static_cast<unsigned>(stopPos - startPos)));
-  unsigned long from = 1;
+  if (isOfBytes(parseText))
+    shareOut(parseText, startPos, stopPos);
+  else {  // what is left of characters at the ends is for subString to say
+    const IString section(
+      parseText.subString(static_cast<unsigned>(startPos), static_cast<unsigned>(stopPos - startPos)));
+    shareOut(section, 1, section.length() + 1ul);
+  }
+  clearSavedTokens();
+}
+
+void IStringParserData::shareOut(const IString& text, unsigned long from, unsigned long behind)
+{
   for (unsigned long i = 0; i < tokenCount; ++i) {
     IString* const token = usedTokens[i];
     if (i + 1 == tokenCount) {
-      if (token != nullptr)
-        *token = from <= section.length() ? restFrom(section, from) : IString();
+      assignPart(token, text, from, behind);
       break;
     }
-    const NextWord word(section, from);
-    if (token != nullptr)
-      *token = word.start == 0 ? IString() : section.subString(static_cast<unsigned>(word.start), word.length());
+    const NextWord word(text, from, behind);
+    assignPart(token, text, word.start, word.start == 0 ? 0 : word.end);
     from = word.next;
   }
-  clearSavedTokens();
 }
 
 // The array grows by half its size at least, so that very many skips stay linear.

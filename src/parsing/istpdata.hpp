@@ -31,6 +31,7 @@ public:
 private:
   void reparseLastToken();
   void reparseTokens(unsigned long startPos, unsigned long stopPos);
+  void shareOut(const IString& text, unsigned long from, unsigned long behind);
   void reparseMatch();
   void saveToken(IString* token);
   void clearSavedTokens() noexcept;

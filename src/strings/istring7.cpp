@@ -3,7 +3,42 @@
 // Tests: tests/strings/editing_test.cpp, editing_promises_test.cpp, editing_random_test.cpp
 #include <quelmcl/istring.hpp>
 
+#include "buffers/editing.hpp"
+#include "buffers/kinds.hpp"
+#include "kernels/whitespace.hpp"
+
 #include <cctype>
+
+namespace {
+
+/// What the C library takes for white space. What separates words is that in every locale, and there is hardly more.
+bool isStripped(char byte)
+{
+  return quelmcl::detail::isWhiteSpace(byte) || std::isspace(static_cast<signed char>(byte));
+}
+
+/// Strips white space. Only our own kind of text is looked at here; another may search in its own way, and is asked to.
+IBuffer* stripWhiteSpace(IBuffer* buffer, IStringEnum::StripMode mode)
+{
+  if (!quelmcl::detail::isOwnSingleByte(*buffer))
+    return buffer->strip(IStringTest(std::isspace), mode);
+  const char* const text = buffer->contents();
+  const auto firstKept = [=] {
+    unsigned pos = 1;
+    while (pos <= buffer->length() && isStripped(text[pos - 1]))
+      ++pos;
+    return pos <= buffer->length() ? pos : 0;
+  };
+  const auto lastKept = [=] {
+    unsigned pos = buffer->length();
+    while (pos > 0 && isStripped(text[pos - 1]))
+      --pos;
+    return pos;
+  };
+  return quelmcl::detail::stripEnds(buffer, mode, firstKept, lastKept);
+}
+
+}  // namespace
 
 // ---- fitting into a length ----
 
@@ -147,7 +182,7 @@ IString& IString::changeBytes(const char* pPattern, unsigned patternLen, const c
 
 IString& IString::strip()
 {
-  return strip(IStringTest(std::isspace), IStringEnum::both);
+  return adopt(stripWhiteSpace(buffer(), IStringEnum::both));
 }
 
 IString& IString::strip(char aCharacter, IStringEnum::StripMode mode)
@@ -178,7 +213,7 @@ IString& IString::stripBytes(const char* pCharacters, unsigned count, IStringEnu
 
 IString& IString::stripLeading()
 {
-  return strip(IStringTest(std::isspace), IStringEnum::leading);
+  return adopt(stripWhiteSpace(buffer(), IStringEnum::leading));
 }
 
 IString& IString::stripLeading(char aCharacter)
@@ -198,7 +233,7 @@ IString& IString::stripLeading(const IStringTest& aTest)
 
 IString& IString::stripTrailing()
 {
-  return strip(IStringTest(std::isspace), IStringEnum::trailing);
+  return adopt(stripWhiteSpace(buffer(), IStringEnum::trailing));
 }
 
 IString& IString::stripTrailing(char aCharacter)

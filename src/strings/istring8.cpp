@@ -41,7 +41,7 @@ Word wordNumbered(const IBuffer& text, unsigned long wordNumber, unsigned startP
 
 unsigned long IString::numWords() const
 {
-  return WordReader(*buffer()).countRest();
+  return WordReader(*buffer()).count();
 }
 
 unsigned long IString::indexOfWord(unsigned long wordNumber, unsigned long startPos, unsigned long numWords) const
@@ -184,10 +184,10 @@ IString& IString::space(unsigned long numSpaces, char spaceChar)
   char* end = spaced->contents();
   WordReader filling(*buffer());
   for (Word word = filling.next(); word.pos != 0; word = filling.next()) {
-    if (end != spaced->contents()) {
-      std::memset(end, spaceChar, spaces);
-      end += spaces;
-    }
+    if (end != spaced->contents() && spaces == 1)  // as nearly always
+      *end++ = spaceChar;
+    else if (end != spaced->contents())
+      end = std::fill_n(end, spaces, spaceChar);
     std::memcpy(end, pBuffer + (word.pos - 1), word.len);
     end += word.len;
   }

@@ -19,22 +19,24 @@ struct Word {
 class WordReader {
 public:
   explicit WordReader(const IBuffer& read, unsigned startPos = 1)
-    : text(read), search(read), bytes(read.contents(), read.length()), from(startPos)
+    : text(read),
+      search(read),
+      isOfBytes(search.findsAsciiByBytes()),
+      from(isOfBytes ? search.start(startPos) : startPos),
+      edges(read.contents(), read.length(), isOfBytes && from != 0 ? from - 1 : read.length())
   {
-    if (search.findsAsciiByBytes())
-      from = search.start(startPos);
-    else
+    if (!isOfBytes)
       separators.emplace(search.listOf(wordSeparators, wordSeparatorCount));
   }
 
   /// The next word, or position 0 when there is none.
-  Word next() { return separators ? nextOfCharacters() : nextOfBytes(); }
+  Word next() { return isOfBytes ? nextOfBytes() : nextOfCharacters(); }
 
-  /// How many words there are from here on, all of them when none has been read yet. Nothing is left to read then.
-  unsigned long countRest()
+  /// How many words there are from the position given on, when none has been read yet.
+  unsigned long count()
   {
-    if (!separators && from <= 1)
-      return bytes.countWords();
+    if (isOfBytes && from == 1)
+      return countWords(text.contents(), text.length());
     unsigned long count = 0;
     while (next().pos != 0)
       ++count;
@@ -44,13 +46,10 @@ public:
 private:
   Word nextOfBytes()
   {
-    const std::size_t begin = from == 0 ? text.length() : bytes.firstOther(from - 1);
-    if (begin == text.length()) {
-      from = 0;
+    const std::size_t begin = edges.next();
+    if (begin == text.length())
       return {0, 0};
-    }
-    const std::size_t end = bytes.firstWhite(begin);
-    from = static_cast<unsigned>(end + 1);
+    const std::size_t end = edges.next();
     return {static_cast<unsigned>(begin + 1), static_cast<unsigned>(end - begin)};
   }
 
@@ -68,9 +67,10 @@ private:
 
   const IBuffer& text;
   ForwardSearch search;
-  std::optional<CharacterList> separators;  // none where white space is found by looking at bytes
-  WhiteSpaceScan bytes;
+  bool isOfBytes;                           // white space is never a part of a longer character
+  std::optional<CharacterList> separators;  // of texts in which it may be
   unsigned from;
+  WordEdges edges;
 };
 
 }  // namespace quelmcl::detail

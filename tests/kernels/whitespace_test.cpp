@@ -7,7 +7,8 @@
 
 #include <string>
 
-using quelmcl::detail::WhiteSpaceScan;
+using quelmcl::detail::countWords;
+using quelmcl::detail::WordEdges;
 using quelmcl_test::RandomTexts;
 
 namespace {
@@ -38,22 +39,27 @@ TEST(WordSeparators, AreTheWhiteSpaceBytes)
   }
 }
 
-TEST(WhiteSpaceScan, FindsTheFirstPlaceFromAnyOn)
+TEST(WordEdges, AreWhereWordsBeginAndEndFromAnyPlaceOn)
 {
   RandomTexts random;
   for (int round = 0; round < 500; ++round) {
     const std::string text = textWithRuns(random);
-    WhiteSpaceScan forwards(text.data(), text.size());
-    for (std::size_t from = 0; from <= text.size() + 1; ++from) {
-      ASSERT_EQ(forwards.firstWhite(from), orEnd(text.find_first_of(whiteSpace, from), text)) << from;
-      ASSERT_EQ(forwards.firstOther(from), orEnd(text.find_first_not_of(whiteSpace, from), text)) << from;
+    for (std::size_t from = 0; from <= text.size(); ++from) {
+      WordEdges edges(text.data(), text.size(), from);
+      for (std::size_t begin = from;;) {
+        begin = orEnd(text.find_first_not_of(whiteSpace, begin), text);
+        ASSERT_EQ(edges.next(), begin) << from;
+        if (begin == text.size())
+          break;
+        begin = orEnd(text.find_first_of(whiteSpace, begin), text);
+        ASSERT_EQ(edges.next(), begin) << from;
+      }
+      ASSERT_EQ(edges.next(), text.size()) << "and there are no more from " << from;
     }
-    for (std::size_t from = text.size(); from > 0; --from)
-      ASSERT_EQ(forwards.firstWhite(from - 1), orEnd(text.find_first_of(whiteSpace, from - 1), text)) << from;
   }
 }
 
-TEST(WhiteSpaceScan, CountsWords)
+TEST(CountWords, CountsWhatFollowsWhiteSpace)
 {
   RandomTexts random;
   for (int round = 0; round < 500; ++round) {
@@ -63,16 +69,14 @@ TEST(WhiteSpaceScan, CountsWords)
       if (whiteSpace.find(text[at]) == std::string::npos &&
           (at == 0 || whiteSpace.find(text[at - 1]) != std::string::npos))
         ++count;
-    EXPECT_EQ(WhiteSpaceScan(text.data(), text.size()).countWords(), count) << testing::PrintToString(text);
+    EXPECT_EQ(countWords(text.data(), text.size()), count) << testing::PrintToString(text);
   }
 }
 
-TEST(WhiteSpaceScan, FindsNothingInAnEmptyText)
+TEST(WordEdges, AreNoneInAnEmptyText)
 {
-  WhiteSpaceScan scan("", 0);
-  EXPECT_EQ(scan.firstWhite(0), 0u);
-  EXPECT_EQ(scan.firstOther(0), 0u);
-  EXPECT_EQ(scan.countWords(), 0u);
+  EXPECT_EQ(WordEdges("", 0, 0).next(), 0u);
+  EXPECT_EQ(countWords("", 0), 0u);
 }
 
 }  // namespace
