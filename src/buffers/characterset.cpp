@@ -62,7 +62,7 @@ struct CharacterSet::OneByteCharacters {
       const char alone = static_cast<char>(byte);
       made->isOne[byte] = byte == 0 || askLibrary(&alone, 1) == 1;
     }
-    made->hasAllAscii = std::all_of(made->isOne, made->isOne + 0x80, [](bool isOne) { return isOne; });
+    made->hasAllAscii = std::all_of(made->isOne, made->isOne + 0x80, [](bool one) { return one; });
     // When two threads are here at once, both sets are listed; they are equal.
     made->next = known;
     while (!__atomic_compare_exchange_n(&all, &made->next, made, false, __ATOMIC_RELEASE, __ATOMIC_RELAXED)) {

@@ -3,10 +3,10 @@
 #ifndef QUELMCL_SRC_BUFFERS_FORWARDSEARCH_HPP
 #define QUELMCL_SRC_BUFFERS_FORWARDSEARCH_HPP
 
+#include "buffers/bytesearch.hpp"
 #include "buffers/characterlist.hpp"
 #include "buffers/charactersearch.hpp"
 #include "buffers/kinds.hpp"
-#include "buffers/searchstart.hpp"
 #include "kernels/textsearch.hpp"
 
 namespace quelmcl::detail {
@@ -66,8 +66,8 @@ private:
     if (start == 0)
       return 0;
     const unsigned skipped = start - 1;
-    const std::size_t found = findText(text.contents() + skipped, text.length() - skipped, pSearchString, searchLen);
-    return found == nowhere ? 0 : static_cast<unsigned>(skipped + found + 1);
+    return positionBehind(skipped,
+                          findText(text.contents() + skipped, text.length() - skipped, pSearchString, searchLen));
   }
 
   const IBuffer& text;
