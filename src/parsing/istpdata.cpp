@@ -73,7 +73,8 @@ void assignPart(IString* token, const IString& text, unsigned long from, unsigne
     return;
   const unsigned length = from < behind ? static_cast<unsigned>(behind - from) : 0;
   const char* const part = static_cast<const char*>(text) + (length == 0 ? 0 : from - 1);
-  if (token->length() == length && isOfBytes(*token) == isOfBytes(text) && std::memcmp(static_cast<const char*>(*token), part, length) == 0)
+  if (token->length() == length && isOfBytes(*token) == isOfBytes(text) &&
+      std::memcmp(static_cast<const char*>(*token), part, length) == 0)
     return;
   if (length == 0)
     *token = IString();
