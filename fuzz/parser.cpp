@@ -19,8 +19,8 @@ TemplateElement elementOf(fuzz::Input& input, const std::string& text)
 {
   TemplateElement made = {TemplateElement::token, 0, "", 0, 0, isspace};
   // More variables than anything else: the other elements are about them.
-  const unsigned kind = input.below(16);
-  made.kind = static_cast<TemplateElement::Kind>(kind <= TemplateElement::reset ? kind : TemplateElement::token);
+  if (const unsigned kind = input.below(16); kind <= TemplateElement::reset)
+    made.kind = static_cast<TemplateElement::Kind>(kind);
   switch (made.kind) {
   case TemplateElement::token:
     made.variable = input.below(variableCount);
