@@ -2,60 +2,17 @@
 // Tests: tests/parsing/parser_test.cpp
 #include "parsing/istpdata.hpp"
 
-#include "buffers/kinds.hpp"
-#include "kernels/whitespace.hpp"
+#include "parsing/partoftext.hpp"
 
 #include <algorithm>
 #include <climits>
 #include <cstring>
 #include <limits>
 
-using quelmcl::detail::isWhiteSpace;
-using quelmcl::detail::wordSeparators;
+using quelmcl::detail::isOfBytes;
+using quelmcl::detail::PartOfText;
 
 namespace {
-
-/// Whether a text is of the kind in which every byte is a character, and searched as we search it.
-bool isOfBytes(const IString& text)
-{
-  return quelmcl::detail::isOwnSingleByte(*IBuffer::fromContents(text));
-}
-
-/// The position of the first byte from `from` on that is white space, or is not; 0 when there is none.
-unsigned long firstByte(const IString& text, unsigned long from, bool wantsWhiteSpace)
-{
-  if (isOfBytes(text)) {  // most words end so near that no search pays
-    constexpr unsigned long near = 24;
-    const char* const bytes = text;
-    for (const unsigned long nearEnd = std::min(from + near, text.length() + 1ul); from < nearEnd; ++from)
-      if (isWhiteSpace(bytes[from - 1]) == wantsWhiteSpace)
-        return from;
-  }
-  if (from > text.length())
-    return 0;
-  const unsigned start = static_cast<unsigned>(from);
-  return wantsWhiteSpace ? text.indexOfAnyOf(wordSeparators, start) : text.indexOfAnyBut(wordSeparators, start);
-}
-
-/// The next word of a text, up to the place `behind` in it: where it begins (0 for none), where it ends, and where to go
-/// on, one white-space character behind it.
-struct NextWord {
-  NextWord(const IString& text, unsigned long from, unsigned long behind)
-  {
-    const unsigned long found = from < behind ? firstByte(text, from, false) : 0;
-    start = found < behind ? found : 0;
-    const unsigned long space = start == 0 ? 0 : firstByte(text, start, true);
-    const bool isLast = space == 0 || space >= behind;
-    end = isLast ? behind : space;
-    next = isLast ? behind : space + 1;
-  }
-
-  unsigned length() const { return static_cast<unsigned>(end - start); }
-
-  unsigned long start = 0;
-  unsigned long end;
-  unsigned long next;
-};
 
 /// The text from a position on, shared where that is all of it.
 IString restFrom(const IString& text, unsigned long position)
@@ -117,19 +74,25 @@ void IStringParserData::processToken(IString& token)
 
 void IStringParserData::processSkip()
 {
-  reparseLastToken();
-  saveToken(nullptr);
-  lastSkip = 1;
+  processSkips(1);
 }
 
 // Where the text has no more words, no further skip changes anything; but if a position is set next, the last match may
 // be shared out once more, and has no more words than bytes.
 void IStringParserData::processSkips(unsigned long count)
 {
+  PartOfText words(parseText, behindText());
   for (; count > 0 && currentPosition < behindText(); --count)
-    processSkip();
+    skipWord(words);
   for (count = std::min(count, patternLength + 1); count > 0; --count)
-    processSkip();
+    skipWord(words);
+}
+
+void IStringParserData::skipWord(PartOfText& words)
+{
+  reparseLastToken(words);
+  saveToken(nullptr);
+  lastSkip = 1;
 }
 
 /// Cuts the token assigned last down to one word, or passes over the word to skip.
@@ -137,7 +100,15 @@ void IStringParserData::reparseLastToken()
 {
   if (lastToken == nullptr && !lastSkip)
     return;
-  const NextWord word(parseText, currentPosition, behindText());
+  PartOfText words(parseText, behindText());
+  reparseLastToken(words);
+}
+
+void IStringParserData::reparseLastToken(PartOfText& words)
+{
+  if (lastToken == nullptr && !lastSkip)
+    return;
+  const PartOfText::Word word = words.wordFrom(currentPosition);
   IString* const token = lastToken;
   if (token != nullptr && word.start == 0)
     *token = IString();
@@ -165,13 +136,14 @@ void IStringParserData::reparseTokens(unsigned long startPos, unsigned long stop
 
 void IStringParserData::shareOut(const IString& text, unsigned long from, unsigned long behind)
 {
+  PartOfText words(text, behind);
   for (unsigned long i = 0; i < tokenCount; ++i) {
     IString* const token = usedTokens[i];
     if (i + 1 == tokenCount) {
       assignPart(token, text, from, behind);
       break;
     }
-    const NextWord word(text, from, behind);
+    const PartOfText::Word word = words.wordFrom(from);
     assignPart(token, text, word.start, word.start == 0 ? 0 : word.end);
     from = word.next;
   }

@@ -7,6 +7,10 @@
 
 #include <memory>
 
+namespace quelmcl::detail {
+class PartOfText;
+}
+
 /// Positions count from 1. The place behind the text, one more than its length, stands for all that is not there.
 class IStringParserData : public IVBase {
 public:
@@ -29,7 +33,9 @@ public:
   void moveBack(unsigned long distance);
 
 private:
+  void skipWord(quelmcl::detail::PartOfText& words);
   void reparseLastToken();
+  void reparseLastToken(quelmcl::detail::PartOfText& words);
   void reparseTokens(unsigned long startPos, unsigned long stopPos);
   void shareOut(const IString& text, unsigned long from, unsigned long behind);
   void reparseMatch();
