@@ -37,7 +37,7 @@ int truth(bool value)
 
 /// Both forms of a question about classes of characters.
 struct Question {
-  int (IString::*library)() const;
+  int (IString::*ours)() const;
   int (*slow)(int);
 };
 
@@ -76,7 +76,7 @@ const fuzz::Operation<Operands> operations[] = {
   {"classes of characters",
    [](const Operands& on) {
      for (const Question& question : questions)
-       agree(truth((on.string.*question.library)() != 0), truth(reference::isAll(on.text, question.slow)));
+       agree(truth((on.string.*question.ours)() != 0), truth(reference::isAll(on.text, question.slow)));
      agree(truth(on.string.isASCII() != 0), truth(reference::isASCII(on.text)));
      agree(truth(on.string.isBinaryDigits() != 0), truth(reference::isBinaryDigits(on.text)));
    }},

@@ -114,8 +114,8 @@ check_reproducible() {
 
 rm -rf "$folder"/*.deb
 for architecture in $architectures; do
-  build_for "$architecture" "$folder/work/$architecture"
-  mv "$folder/work/$architecture"/*.deb "$folder"
+  build_for "$architecture" "$folder/$architecture"
+  mv "$folder/$architecture"/*.deb "$folder"
 done
 if [ -n "$check" ]; then
   check_policy

@@ -267,14 +267,14 @@ class Tools:
         self.work = given.work
         self.command = [*shlex.split(given.compiler), *shlex.split(given.flags), *FLAGS]
         self.include = ['-I', os.path.join(given.source, 'include')]
-        self.library = [given.library, f'-Wl,-rpath,{os.path.dirname(given.library)}', '-pthread']
+        self.linking = [given.library, f'-Wl,-rpath,{os.path.dirname(given.library)}', '-pthread']
 
     def build(self, name, code):
         """Compiles a program; the shown code is warning-free, so a warning is an error."""
         source, program = os.path.join(self.work, name + '.cpp'), os.path.join(self.work, name)
         with open(source, 'w', encoding='utf-8') as file:
             file.write(code)
-        done = subprocess.run([*self.command, *self.include, source, '-o', program, *self.library],
+        done = subprocess.run([*self.command, *self.include, source, '-o', program, *self.linking],
                               capture_output=True, text=True, errors='replace', check=False)
         if done.returncode != 0:
             said = (done.stdout + done.stderr).split('\n')
