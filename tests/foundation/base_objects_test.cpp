@@ -3,12 +3,12 @@
 #include <quelmcl/istring.hpp>
 
 #include "address_text.hpp"
+#include "foundation/address.hpp"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <cstring>
-#include <new>
 #include <sstream>
 #include <string>
 #include <type_traits>
@@ -148,19 +148,17 @@ std::vector<AddressCase> casesOfThisWidth()
   return cases;
 }
 
-class ObjectAt : public testing::TestWithParam<AddressCase> {};
+class AddressText : public testing::TestWithParam<AddressCase> {};
 
-TEST_P(ObjectAt, ShowsItsAddress)
+TEST_P(AddressText, IsThatOfItsBytes)
 {
   const AddressCase& row = GetParam();
-  StorageAt storage(row.address);
-  if (storage.place() == nullptr)  // a library, the stack or a sanitizer's shadow, which lie elsewhere in every process
-    GTEST_SKIP() << "the address is taken in this process";
-  const IBase* const object = new (storage.place()) IBase;
-  EXPECT_EQ(std::string(object->asDebugInfo()), std::string("IBase(@") + digitsOf(row) + ")");
+  const void* const address = reinterpret_cast<const void*>(static_cast<std::uintptr_t>(row.address));
+  EXPECT_STREQ(quelmcl::detail::hexAddress(address), digitsOf(row));
+  EXPECT_EQ(addressText(address), digitsOf(row)) << "what other tests expect";
 }
 
-INSTANTIATE_TEST_SUITE_P(Addresses, ObjectAt, testing::ValuesIn(casesOfThisWidth()),
+INSTANTIATE_TEST_SUITE_P(Addresses, AddressText, testing::ValuesIn(casesOfThisWidth()),
                          [](const testing::TestParamInfo<AddressCase>& row) { return std::string(row.param.name); });
 
 }  // namespace

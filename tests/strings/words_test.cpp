@@ -252,14 +252,14 @@ TEST(Phrases, AStartThatWrapsAroundSearchesFromTheFirstWord)
   EXPECT_EQ(IString("a b c").wordIndexOfPhrase("b c", 4294967294UL), 0u);
 }
 
+#if ULONG_MAX > UINT_MAX  // elsewhere there is no such number
 TEST(Phrases, AStartOfMoreThan32BitsIsNoWords)
 {
-  if (sizeof(unsigned long) == sizeof(unsigned))
-    GTEST_SKIP() << "word numbers are 32 bits wide here";
   EXPECT_EQ(IString("a b c").wordIndexOfPhrase("b c", ULONG_MAX), 0u);
   EXPECT_EQ(IString("a b c").indexOfPhrase("", static_cast<unsigned long>(1ULL << 32)), 0u);
   EXPECT_EQ(IString("a b c").wordIndexOfPhrase("b c", static_cast<unsigned long>((1ULL << 32) + 1)), 0u);
 }
+#endif
 
 TEST(StringPhrase, ComparesNulsAsBytes)
 {
