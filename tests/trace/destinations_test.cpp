@@ -191,7 +191,8 @@ TEST_F(TraceFile, KeepsCharactersOfSeveralBytesWhole)
 
 #if !defined(__SANITIZE_ADDRESS__)  // programs with sanitizers do not run with another user's rights
 
-// A file that belongs to another user and runs with his rights, as a password program does.
+// A file that belongs to another user and runs with his rights, as a password program does. Such a file is for root to make, and
+// file systems may be mounted so that it has no effect: neither is anything that `./dev` could install.
 TEST_F(TraceFile, IsNotWrittenByAProgramThatRunsWithAnotherUsersRights)
 {
   const uid_t somebody = 65534;
