@@ -6,27 +6,13 @@
 #   core  those below <!-- core -->, in a core file of it that gdb made
 #   lldb  those below <!-- lldb -->, in the running program
 set -euo pipefail
-export LC_ALL=C.UTF-8  # so that characters beyond ASCII are shown
-unset LD_LIBRARY_PATH DEBUGINFOD_URLS
 
 check=$1
 shift
-declare -A given
-while [ $# -gt 1 ]; do
-  given[${1#--}]=$2
-  shift 2
-done
-program=${given[program]} work=${given[work]}
+# shellcheck source=tests/debug/debuggers.sh
+source "$(dirname "${BASH_SOURCE[0]}")/debuggers.sh"
 debugger=${check/core/gdb} prompt="(${check/core/gdb}) "
-
-skip() {
-  printf 'SKIPPED: %s\n' "$*"
-  exit 77
-}
-
-command -v "$debugger" >/dev/null || skip "there is no $debugger here"
-rm -rf "$work"
-mkdir -p "$work"
+"need_$debugger"
 
 blocks_below() { # COMMENT
   sed -n "/^<!-- $1 -->\$/,/^[^ <]/s/^    //p" "${given[page]}"
@@ -44,14 +30,12 @@ commands_of_page() {
   done < <(blocks_below "$check")
 }
 
-gdb_with() { # [OPTION...], commands on standard input
-  cat >"$work/commands"
-  gdb -nx -batch -iex 'set debuginfod enabled off' -iex 'set auto-load python-scripts off' -ex 'set width 0' -ex 'set confirm off' \
-    -ex 'set filename-display basename' -ex "directory ${given[sources]}" "$@" -x "$work/commands" 2>"$work/errors" </dev/null
+gdb_on_page() { # [OPTION...], commands on standard input
+  gdb_with -ex 'set filename-display basename' -ex "directory ${given[sources]}" "$@"
 }
 
 run_gdb() {
-  printf 'break report\nrun\ngenerate-core-file %s\n' "$work/core" | gdb_with "$program" >"$work/started" || true
+  printf 'break report\nrun\ngenerate-core-file %s\n' "$work/core" | gdb_on_page "$program" >"$work/started" || true
   if ! grep -q '^Breakpoint 1, report' "$work/started"; then
     if grep -qi 'ptrace\|could not trace' "$work/started" "$work/errors"; then skip "gdb may not trace programs here"; fi
     cat "$work/started" "$work/errors"
@@ -59,15 +43,10 @@ run_gdb() {
   fi
   { if [ "$check" = core ]; then printf 'core-file %s\n' "$work/core"; else printf 'break report\nrun\n'; fi
     commands_of_page
-  } | gdb_with -ex "source ${given[printers]}" "$program" >"$work/output"
+  } | gdb_on_page -ex "source ${given[printers]}" "$program" >"$work/output"
 }
 
 run_lldb() {
-  local modules
-  for modules in "$(lldb -P)" /usr/lib/llvm-*/lib/python3*/dist-packages; do  # see check_lldb.sh
-    if [ -e "$modules/lldb/__init__.py" ]; then export PYTHONPATH=$modules; fi
-  done
-  lldb -b -o 'script print("python " + "works")' 2>&1 </dev/null | grep -q '^python works' || skip "this lldb has no Python"
   { printf 'command script import %s\nbreakpoint set -n report\nrun\nup\n' "${given[printers]}"
     commands_of_page
   } >"$work/commands"

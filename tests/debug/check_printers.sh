@@ -7,37 +7,16 @@
 #   stripped   in the running program, and the library has no debug information
 #   installed  in the running program, and gdb finds the printers of the installed library by itself
 set -euo pipefail
-folder=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-export LC_ALL=C.UTF-8  # so that gdb shows characters beyond ASCII
-unset LD_LIBRARY_PATH DEBUGINFOD_URLS
-
 check=$1
 shift
-declare -A given
-while [ $# -gt 1 ]; do
-  given[${1#--}]=$2
-  shift 2
-done
-program=${given[program]} work=${given[work]} printers=${given[printers]}
-
-# shellcheck source=tests/support/ending.sh
-source "$folder/../support/ending.sh"
+# shellcheck source=tests/debug/debuggers.sh
+source "$(dirname "${BASH_SOURCE[0]}")/debuggers.sh"
+printers=${given[printers]}
+need_gdb
 
 fail() {
   printf 'FAIL: %s\n' "$*"
   exit 1
-}
-
-command -v gdb >/dev/null || end_for_lack_of gdb
-rm -rf "$work"
-mkdir -p "$work"
-work=$(cd "$work" && pwd -P)  # gdb knows files by their real paths
-
-options=(-nx -batch -iex 'set debuginfod enabled off' -iex 'set auto-load python-scripts off' -ex 'set width 0' -ex 'set confirm off')
-
-debug() { # [OPTION...], commands on standard input
-  cat >"$work/commands"
-  gdb "${options[@]}" "$@" -x "$work/commands" 2>"$work/errors" </dev/null
 }
 
 # Each expression of the table with what gdb shows for it, in the same form.
@@ -70,7 +49,7 @@ must_be_as_expected() { # SHOWN
   diff "$work/expected" "$work/shown" || { cat "$work/errors"; fail "gdb shows something else (<: expected, >: shown)"; }
 }
 
-if ! { start_program; } | debug "$program" >"$work/started" || ! grep -q '^Breakpoint 2, main' "$work/started"; then
+if ! { start_program; } | gdb_with "$program" >"$work/started" || ! grep -q '^Breakpoint 2, main' "$work/started"; then
   if grep -qi 'ptrace\|could not trace' "$work/started" "$work/errors"; then skip "gdb may not trace programs here"; fi
   cat "$work/started" "$work/errors"
   fail "gdb could not start the program"
@@ -82,7 +61,7 @@ case $check in
   core)
     { start_program
       sed -n 's/^\[\(.*\)\]$/continue\ngenerate-core-file WORK\/core.\1/p' "$folder/expected.txt" | sed "s|WORK|$work|"
-    } | debug "$program" >"$work/making-cores"
+    } | gdb_with "$program" >"$work/making-cores"
     ;;
   stripped)
     objcopy --strip-debug "${given[library]}" "$work/libquelmcl.so.310"
@@ -92,13 +71,13 @@ case $check in
     "${given[cmake]}" --install "${given[build]}" --prefix "$work/prefix" >"$work/install.log"
     library=$(readlink -f "$(find "$work/prefix" -name libquelmcl.so)")
     scripts=$work/prefix/share/gdb/auto-load
-    options+=(-iex "set auto-load scripts-directory $scripts" -iex "set auto-load safe-path $scripts:/usr/share/gdb" -iex 'set auto-load python-scripts on')
-    with_printers=(-ex "source $folder/many_dates.py" -ex "set environment LD_LIBRARY_PATH $(dirname "$library")")
+    with_printers=(-iex "set auto-load scripts-directory $scripts" -iex "set auto-load safe-path $scripts:/usr/share/gdb" -iex 'set auto-load python-scripts on')
+    with_printers+=(-ex "source $folder/many_dates.py" -ex "set environment LD_LIBRARY_PATH $(dirname "$library")")
     ;;
   *) fail "there is no check $check" ;;
 esac
 
 { if [ "$check" != core ]; then start_program; fi
   commands_for_table
-} | debug "${with_printers[@]}" "$program" >"$work/output" || { cat "$work/output" "$work/errors"; fail "gdb failed"; }
+} | gdb_with "${with_printers[@]}" "$program" >"$work/output" || { cat "$work/output" "$work/errors"; fail "gdb failed"; }
 must_be_as_expected "$work/output"

@@ -10,11 +10,9 @@ unset NLSPATH LD_LIBRARY_PATH PKG_CONFIG_PATH CMAKE_PREFIX_PATH quelmcl_DIR DEST
 
 check=$1
 shift
-declare -A given
-while [ $# -gt 1 ]; do
-  given[${1#--}]=$2
-  shift 2
-done
+# shellcheck source=tests/support/options.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../support/options.sh"
+read_options "$@"
 source=${given[source]} build=${given[build]} work=${given[work]} kind=${given[kind]} width=${given[width]}
 version=${given[version]} major=${given[version]%%.*} minor=${given[version]#*.}
 cmake=${given[cmake]} compiler=${given[compiler]} flags=${given[flags]}
