@@ -3,11 +3,13 @@
 #include <quelmcl/ibase.hpp>
 #include <quelmcl/imsgtext.hpp>
 
+#include "exceptions/catalogguard.hpp"
 #include "exceptions/quietstorage.hpp"
 #include "exceptions/startup.hpp"
 #include "foundation/errnoguard.hpp"
 
 #include <climits>
+#include <cstdint>
 #include <cstdlib>
 #include <iterator>
 #include <nl_types.h>
@@ -16,6 +18,7 @@ QUELMCL_KEEP_START_UP
 
 using quelmcl::detail::copyText;
 using quelmcl::detail::ErrnoGuard;
+using quelmcl::detail::isDamagedCatalog;
 using quelmcl::detail::NewHandlerPause;
 using quelmcl::detail::releaseText;
 
@@ -28,8 +31,15 @@ const char defaultCatalog[] = "quelmcl.cat";
 /// A message catalog of the C library, open for the length of a block.
 class Catalog {
 public:
-  explicit Catalog(const char* fileName) noexcept : descriptor(catopen(fileName, 0)) {}
-  ~Catalog() { catclose(descriptor); }
+  explicit Catalog(const char* fileName) noexcept
+    : descriptor(isDamagedCatalog(fileName) ? none() : catopen(fileName, 0))
+  {
+  }
+  ~Catalog()
+  {
+    if (descriptor != none())
+      catclose(descriptor);
+  }
   Catalog(const Catalog&) = delete;
   Catalog& operator=(const Catalog&) = delete;
 
@@ -37,10 +47,14 @@ public:
   const char* message(unsigned long messageId) const noexcept
   {
     constexpr int messageSet = 1;
-    return messageId > INT_MAX ? nullptr : catgets(descriptor, messageSet, static_cast<int>(messageId), nullptr);
+    if (descriptor == none() || messageId > INT_MAX)
+      return nullptr;
+    return catgets(descriptor, messageSet, static_cast<int>(messageId), nullptr);
   }
 
 private:
+  static nl_catd none() noexcept { return reinterpret_cast<nl_catd>(std::intptr_t{-1}); }
+
   nl_catd descriptor;
 };
 
