@@ -96,13 +96,14 @@ bool isSound(const OpenFile& file) noexcept
     return false;
   const std::uint64_t planeSize = isSwapped ? swapped(header.planeSize) : header.planeSize;
   const std::uint64_t planeDepth = isSwapped ? swapped(header.planeDepth) : header.planeDepth;
-  const std::uint64_t room = (size - sizeof header) / (2 * sizeof(Entry));  // entries of the two tables
+  constexpr std::size_t pair = 2 * sizeof(Entry);  // one entry in each of the two tables
+  const std::uint64_t room = (size - sizeof header) / pair;
   if (planeSize == 0 || planeDepth == 0 || planeSize > room / planeDepth)
     return false;
 
   const std::uint64_t entries = planeSize * planeDepth;
   const std::uint64_t table = entries * sizeof(Entry);
-  const std::uint64_t texts = size - sizeof header - 2 * table;
+  const std::uint64_t texts = size - sizeof header - entries * pair;
   char last = 'x';
   return texts != 0 && file.read(&last, 1, size - 1) && last == '\0' &&
          hasOffsetsWithin(file, sizeof header, entries, texts, false) &&

@@ -9,7 +9,6 @@
 #include "foundation/errnoguard.hpp"
 
 #include <climits>
-#include <cstdint>
 #include <cstdlib>
 #include <iterator>
 #include <nl_types.h>
@@ -28,16 +27,17 @@ const char fallbackText[] = "Unable to load text from message file.";
 const char catalogVariable[] = "KOLTA MSGFILE";
 const char defaultCatalog[] = "quelmcl.cat";
 
-/// A message catalog of the C library, open for the length of a block.
+/// A message catalog of the C library, open for the length of a block; without messages when it is damaged.
 class Catalog {
 public:
-  explicit Catalog(const char* fileName) noexcept
-    : descriptor(isDamagedCatalog(fileName) ? none() : catopen(fileName, 0))
+  explicit Catalog(const char* fileName) noexcept : isSound(!isDamagedCatalog(fileName)), descriptor()
   {
+    if (isSound)
+      descriptor = catopen(fileName, 0);
   }
   ~Catalog()
   {
-    if (descriptor != none())
+    if (isSound)
       catclose(descriptor);
   }
   Catalog(const Catalog&) = delete;
@@ -47,14 +47,13 @@ public:
   const char* message(unsigned long messageId) const noexcept
   {
     constexpr int messageSet = 1;
-    if (descriptor == none() || messageId > INT_MAX)
+    if (!isSound || messageId > INT_MAX)
       return nullptr;
     return catgets(descriptor, messageSet, static_cast<int>(messageId), nullptr);
   }
 
 private:
-  static nl_catd none() noexcept { return reinterpret_cast<nl_catd>(std::intptr_t{-1}); }
-
+  const bool isSound;
   nl_catd descriptor;
 };
 
