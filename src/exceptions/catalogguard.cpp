@@ -1,9 +1,9 @@
 // catalogguard.cpp - keeps damaged message catalogs from the C library, which trusts what it finds in them.
 // Tests: tests/exceptions/message_text_test.cpp
 //
-// A catalog is a header of three numbers, a table of (set, message, offset of the text) whose size the header tells, the same
-// table in the other order of bytes, and the texts, a NUL behind each. It is damaged when a table is larger than the file or
-// empty, when an offset lies beyond the texts, or when the last text has no end.
+// A catalog is a header of three numbers, a table of (set, message, offset of the text) whose size the header tells, the
+// same table in the other order of bytes, and the texts, a NUL behind each. It is damaged when a table is larger than the
+// file or empty, when an offset lies beyond the texts, or when the last text has no end.
 #include "exceptions/catalogguard.hpp"
 
 #include <algorithm>
