@@ -4,8 +4,8 @@
 usage: tests/mutation/mutate.py [FILE...] [--sample N] [--seed N] [--folder FOLDER]
 
 Without files, all that SUBJECTS has tests for are taken. The mutants of a file are compiled together, into a library whose source asks an
-environment variable which of them it is (switches.hpp). Those that this library's tests do not catch, and those that are no matter of
-running (constants known to the compiler), are then compiled alone and tested again; mutants that do not compile do not count.
+environment variable which of them it is (switches.hpp). Those whose place no test comes to in that library, because the compiler knows
+what is there, are then compiled alone and tested again; mutants that do not compile do not count.
 Everything happens in a copy of the project, build/mutation, at 32 bits and as it is shipped. The survivors are listed, for
 somebody to find out whether they are equivalent.
 """
@@ -21,9 +21,11 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent.parent
 SWITCHES = Path(__file__).resolve().parent / "switches.hpp"
 
-# How paths begin, and the tests of such files: a program and the locale it runs in. The first beginning that fits counts.
-SINGLE_BYTE, STRINGS, ITS_STRINGS = ("buffers", "C"), ("strings", "C"), ("strings", "C.UTF-8")
-UTF8, SHIFT_JIS, GB18030 = ("multibyte", "C.UTF-8"), ("multibyte", "ja_JP.SJIS"), ("multibyte", "zh_CN.GB18030")
+# How paths begin, and the tests of such files: a program, the locale it runs in, and the suites. The first beginning that fits counts.
+SINGLE_BYTE, STRINGS, ITS_STRINGS = ("buffers", "C", "*"), ("strings", "C", "*"), ("strings", "C.UTF-8", "*")
+UTF8, SHIFT_JIS, GB18030 = ("multibyte", "C.UTF-8", "*"), ("multibyte", "ja_JP.SJIS", "*"), ("multibyte", "zh_CN.GB18030", "*")
+RADIX = ("strings", "C", "*Conversion*:*Number*:*BytesTo*:*ToBytes*")
+RADIX_KERNELS = ("kernels", "C", "*Digit*:*Decimal*:*Limb*:*Power*:*Reciprocal*:*Convolution*")
 SUBJECTS = {
     "src/buffers/idbcsb": [UTF8, SHIFT_JIS],
     "src/buffers/character": [UTF8, SHIFT_JIS, GB18030],
@@ -33,12 +35,12 @@ SUBJECTS = {
     "src/strings/istring8": [STRINGS, UTF8],
     "src/strings/words": [STRINGS, UTF8],
     "src/strings/": [STRINGS, ITS_STRINGS],
-    "src/parsing/": [("parsing", "C"), ("parsing", "ja_JP.SJIS")],
-    "src/datetime/calendar": [("datetime", "C"), ("calendar", "C")],
-    "src/datetime/": [("datetime", "C"), ("datetime", "de_DE.UTF-8")],
-    "src/kernels/decimal": [("kernels", "C"), STRINGS],
-    "src/kernels/digits": [("kernels", "C"), STRINGS],
-    "src/kernels/limbs": [("kernels", "C"), STRINGS],
+    "src/parsing/": [("parsing", "C", "*"), ("parsing", "ja_JP.SJIS", "*")],
+    "src/datetime/calendar": [("datetime", "C", "*"), ("calendar", "C", "*")],
+    "src/datetime/": [("datetime", "C", "*"), ("datetime", "de_DE.UTF-8", "*")],
+    "src/kernels/decimal": [RADIX_KERNELS, RADIX],
+    "src/kernels/digits": [RADIX_KERNELS, RADIX],
+    "src/kernels/limbs": [RADIX_KERNELS, RADIX],
 }
 
 # The layout has blanks around all binary operators, and around no bracket of a template. What comes instead of an operator, and the
@@ -159,16 +161,19 @@ class Project:
         result = subprocess.run(command, capture_output=True, text=True, errors="replace", check=False)
         return result.returncode == 0, result.stdout
 
-    def test(self, run, names="*", seconds=1000, mutant=0):
-        """Runs tests of a program up to the first that fails. Their status, their output and the processor time they took."""
+    def test(self, run, names, mutant=0, seconds=1000):
+        """Runs tests of a program up to the first that fails. Their status, their output, the processor time they took, and whether the
+        mutant's place was come to."""
         def limit():
             resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds))
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
-        program, locale = run
-        catalogs = self.build / "share" / "locale"
+        program, locale, _ = run
+        catalogs, reached = self.build / "share" / "locale", self.build / "reached"
+        reached.unlink(missing_ok=True)
         environment = dict(os.environ, LANG="C", LC_ALL="C", QUELMCL_TEST_LOCALE=locale, LOCPATH=str(self.build / "locales"),
-                           NLSPATH=f"{catalogs}/%l/LC_MESSAGES/%N:{catalogs}/C/LC_MESSAGES/%N", QUELMCL_MUTANT=str(mutant))
+                           NLSPATH=f"{catalogs}/%l/LC_MESSAGES/%N:{catalogs}/C/LC_MESSAGES/%N", QUELMCL_MUTANT=str(mutant),
+                           QUELMCL_MUTANT_REACHED=str(reached))
         place = next(self.build.glob(f"tests/*/test_{program}"))
         before = resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime
         try:
@@ -178,7 +183,7 @@ class Project:
             status, output = done.returncode, done.stdout
         except subprocess.TimeoutExpired as late:
             status, output = 1, (late.stdout or b"").decode(errors="replace")
-        return status, output, resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime - before
+        return status, output, resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime - before, reached.exists()
 
 
 class Tests:
@@ -188,28 +193,31 @@ class Tests:
         self.project, self.runs, self.found = project, runs, {run: [] for run in runs}
         self.slow, self.limit = {}, {}
         for run in runs:
-            status, output, seconds = project.test(run)
+            status, output, seconds, _ = project.test(run, run[2])
             if status != 0:
                 sys.exit(f"mutate: the tests of {run[0]} fail in {run[1]} before anything is changed: {last_begun(output)}")
-            times = sorted((int(time), name) for name, time in re.findall(r"\[       OK \] (\S+) \((\d+) ms\)", output))
-            self.slow[run] = [name for time, name in times[-60:] if time > 50]
-            self.limit[run] = 3 + int(3 * seconds)
+            times = {name: int(time) for name, time in re.findall(r"\[       OK \] (\S+) \((\d+) ms\)", output)}
+            self.slow[run] = [name for name in sorted(times, key=times.get)[-60:] if times[name] > 50]
+            quick = 1 - sum(times[name] for name in self.slow[run]) / max(1, sum(times.values()))
+            self.limit[run, "quick"], self.limit[run, "slow"] = 3 + int(4 * quick * seconds), 3 + int(4 * seconds)
 
-    def catch(self, mutant=0, whole=True):
-        """Whether one of them fails, or takes far longer than it should; if not the whole of them, then of the quick ones."""
-        steps = [(run, ":".join(self.found[run])) for run in self.runs if self.found[run]]
-        steps += [(run, "-" + ":".join(self.slow[run])) for run in self.runs]
-        if whole:
-            steps += [(run, ":".join(self.slow[run])) for run in self.runs if self.slow[run]]
-        return any(self.fails(run, names, mutant) for run, names in steps)
-
-    def fails(self, run, names, mutant):
-        status, output, _ = self.project.test(run, names, self.limit[run], mutant)
-        if status in (0, 77):  # 77: all were skipped
-            return False
-        test = last_begun(output)
-        self.found[run] = [test] + [other for other in self.found[run] if other != test][:20]
-        return True
+    def catch(self, mutant=0):
+        """Whether one of them fails, or takes far longer than it should; and whether the mutant's place was come to."""
+        steps = [(run, ":".join(self.found[run]), "slow") for run in self.runs if self.found[run]]
+        steps += [(run, run[2] + "-" + ":".join(self.slow[run]), "quick") for run in self.runs]
+        steps += [(run, ":".join(self.slow[run]), "slow") for run in self.runs if self.slow[run]]
+        reached, quick_left = False, len(self.runs)
+        for run, names, kind in steps:
+            if mutant != 0 and not reached and not quick_left:
+                break  # it is to be compiled alone anyhow
+            quick_left -= kind == "quick"
+            status, output, _, reached_now = self.project.test(run, names, mutant, self.limit[run, kind])
+            reached = reached or reached_now
+            if status not in (0, 77):  # 77: all were skipped
+                test = last_begun(output)
+                self.found[run] = [test] + [other for other in self.found[run] if other != test][:20]
+                return True, True
+        return False, reached
 
 
 def last_begun(output):
@@ -232,7 +240,7 @@ def make_switched(project, source, text, numbered, programs):
 def try_file(project, source, sample, seed):
     """How many mutants there could be, how many were caught, and the survivors."""
     runs = next(runs for beginning, runs in SUBJECTS.items() if source.startswith(beginning))
-    programs = {program for program, _ in runs}
+    programs = {program for program, _, _ in runs}
     text = (ROOT / source).read_text()
     if not project.make(source, text, programs)[0]:
         sys.exit("mutate: the project does not compile before anything is changed")
@@ -242,20 +250,18 @@ def try_file(project, source, sample, seed):
     numbered = list(enumerate(candidates, 1))
     switched = make_switched(project, source, text, numbered[:sample], programs)
     tests = Tests(project, runs)
-    caught = {number for number, _ in switched if tests.catch(number, whole=False)}
-    survivors, compiled = [], len(caught)
+    results = {}  # of those that compile: whether they were caught
+    for number, _ in switched:
+        caught, reached = tests.catch(number)
+        if reached:
+            results[number] = caught
     for number, mutant in numbered:
-        if compiled == sample:
+        if len(results) == sample:
             break
-        if number in caught or not project.make(source, with_mutant(text, mutant), programs)[0]:
-            continue
-        compiled += 1
-        if tests.catch():
-            caught.add(number)
-        else:
-            survivors.append(mutant)
+        if number not in results and project.make(source, with_mutant(text, mutant), programs)[0]:
+            results[number] = tests.catch()[0]
     project.make(source, text, programs)
-    return len(candidates), len(caught), survivors
+    return len(candidates), sum(results.values()), [mutant for number, mutant in numbered if results.get(number) is False]
 
 
 def main():

@@ -20,6 +20,47 @@ namespace {
 const char* const sample = "  alpha beta\tgamma  ";
 
 // ---------------------------------------------------------------------------------------------------------------------
+// Which buffer is asked
+
+/// A kind of buffer that takes a bar for white space, too.
+class Barred : public IBuffer {
+public:
+  static IBuffer* holding(const std::string& text)
+  {
+    Barred* const buffer = new (static_cast<unsigned>(text.size())) Barred(static_cast<unsigned>(text.size()));
+    text.copy(buffer->contents(), buffer->length());
+    return buffer;
+  }
+
+  unsigned indexOfAnyBut(const char* set, unsigned count, unsigned startPos) const override
+  {
+    const std::string barred = std::string(set, count) + '|';
+    return IBuffer::indexOfAnyBut(barred.data(), count + 1, startPos);
+  }
+  unsigned indexOfAnyOf(const char* set, unsigned count, unsigned startPos) const override
+  {
+    const std::string barred = std::string(set, count) + '|';
+    return IBuffer::indexOfAnyOf(barred.data(), count + 1, startPos);
+  }
+
+private:
+  explicit Barred(unsigned length) : IBuffer(length) {}
+};
+
+TEST(StringWords, EndWhereTheBufferOfTheStringSaysSo)
+{
+  Probe text;
+  IBuffer* const none = text.buffer();
+  text.setBuffer(Barred::holding("|one|| two|three|"));
+  none->removeRef();
+  EXPECT_EQ(text.numWords(), 3u);
+  EXPECT_EQ(text.indexOfWord(2), 8u);
+  EXPECT_EQ(text.lengthOfWord(1), 3u);
+  EXPECT_EQ(text.indexOfWord(4), 0u);
+  EXPECT_TEXT(text.word(3), "three");
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
 // Counting and finding
 
 struct CountCase {
