@@ -47,17 +47,31 @@ private:
   explicit Barred(unsigned length) : IBuffer(length) {}
 };
 
+void hold(Probe& string, const std::string& text)
+{
+  IBuffer* const before = string.buffer();
+  string.setBuffer(Barred::holding(text));
+  before->removeRef();
+}
+
 TEST(StringWords, EndWhereTheBufferOfTheStringSaysSo)
 {
-  Probe text;
-  IBuffer* const none = text.buffer();
-  text.setBuffer(Barred::holding("|one|| two|three|"));
-  none->removeRef();
-  EXPECT_EQ(text.numWords(), 3u);
-  EXPECT_EQ(text.indexOfWord(2), 8u);
-  EXPECT_EQ(text.lengthOfWord(1), 3u);
-  EXPECT_EQ(text.indexOfWord(4), 0u);
-  EXPECT_TEXT(text.word(3), "three");
+  Probe string;
+  for (const char* const text : {"|one|| two|three", "|one|| two|three|", "|one|| two|three "}) {
+    hold(string, text);
+    EXPECT_EQ(string.numWords(), 3u) << text;
+    EXPECT_EQ(string.indexOfWord(2), 8u) << text;
+    EXPECT_EQ(string.lengthOfWord(1), 3u) << text;
+    EXPECT_EQ(string.lengthOfWord(3), 5u) << text;
+    EXPECT_EQ(string.indexOfWord(4), 0u) << text;
+    EXPECT_EQ(string.lengthOfWord(4), 0u) << text;
+    EXPECT_TEXT(string.word(3), "three");
+  }
+  for (const char* const text : {"", "|", " | "}) {
+    hold(string, text);
+    EXPECT_EQ(string.numWords(), 0u) << text;
+    EXPECT_EQ(string.indexOfWord(1), 0u) << text;
+  }
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
