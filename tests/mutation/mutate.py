@@ -242,7 +242,7 @@ def try_file(project, source, sample, seed):
     """How many mutants there could be, how many were caught, and the survivors."""
     runs = next(runs for beginning, runs in SUBJECTS.items() if source.startswith(beginning))
     programs = {program for program, _, _ in runs}
-    text = (ROOT / source).read_text()
+    text = (project.root / source).read_text()
     if not project.make(source, text, programs)[0]:
         sys.exit("mutate: the project does not compile before anything is changed")
 
@@ -284,7 +284,7 @@ def main():
         possible, caught, survivors = try_file(project, file, arguments.sample, arguments.seed)
         tried = caught + len(survivors)
         print(f"{file:34} {possible:8} {tried:6} {caught:6} {100 * caught / max(tried, 1):5.0f}%", flush=True)
-        lines = (ROOT / file).read_text().split("\n")
+        lines = (project.root / file).read_text().split("\n")
         for mutant in sorted(survivors, key=lambda one: (one.row, one.column)):
             print(f"    {mutant.row + 1:4}: {mutant.before} -> {mutant.after}    {lines[mutant.row].strip()}", flush=True)
 
