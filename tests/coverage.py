@@ -6,9 +6,9 @@ each line go into the file REPORT. The status is 1 when a goal is missed.
 
 What counts: a function is what begins in one line, however many functions the compiler makes of it (the forms of a constructor, the
 instances of a template). A branch is a way on from a place of the program where there are several. The two ways on from a call,
-with an exception and without, are none; so are those on lines without code of ours, such as closing brackets. Lines whose comment says "not reached" are
-left out. Instances of a template count as one where they have the same branches. gcov's own report is read, because the text that other tools read does not tell which
-branches of what was never run are those of exceptions.
+with an exception and without, are none; so are those on lines without code of ours, such as closing brackets. Lines whose comment
+says "not reached" are left out. Instances of a template count as one where they have the same branches. gcov's own report is read,
+because the text that other tools read does not tell which branches of what was never run are those of exceptions.
 """
 import collections
 import json

@@ -270,7 +270,7 @@ def main():
     parser.add_argument("files", nargs="*", metavar="FILE")
     parser.add_argument("--sample", type=int, default=60, help="mutants of each file")
     parser.add_argument("--seed", type=int, default=1)
-    parser.add_argument("--folder", type=Path, default=ROOT / "build" / "mutation", help="where the copy of the project is; one for each run at a time")
+    parser.add_argument("--folder", type=Path, default=ROOT / "build" / "mutation", help="the copy of the project, of this run alone")
     arguments = parser.parse_args()
     everything = (str(file.relative_to(ROOT)) for file in sorted(ROOT.glob("src/*/*.?pp")))
     files = arguments.files or [file for file in everything if file.startswith(tuple(SUBJECTS))]
