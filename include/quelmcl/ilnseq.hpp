@@ -185,7 +185,7 @@ private:
     ~Engine() { this->removeAll(); }
 
     /// Not asked for: CopyingEngine makes the copies, so that elements need not be copyable.
-    Link* newNode(const void*) const override { return nullptr; }
+    Link* newNode(const void*) const override { return nullptr; }  // not reached
     void deleteNode(void* node) const override { delete static_cast<Node*>(static_cast<Link*>(node)); }
     bool constantFunctionIteration(void* function, void* argument, const void* node) const override
     {

@@ -304,6 +304,29 @@ TEST(MultiByteSearchOfShiftJis, ABackslashIsNotFoundInsideOfCharacters)
   EXPECT_EQ(text->lastIndexOf("\x5C\x95", 2, largest), 0u);
 }
 
+// The bytes of a character are looked for in a long list, and where they stand two halves of its members may meet.
+TEST(MultiByteSearchOfShiftJis, HalvesOfNeighboursInALongListAreNoMember)
+{
+  const LocaleInForce locale("ja_JP.SJIS");
+  const std::string other = "\x82\xA0";
+  for (const std::size_t before : {20u, 127u, 128u, 200u, 1000u}) {
+    std::string list;
+    for (std::size_t i = 0; i < before; ++i)
+      list += other;
+    list += "\x95\x83\x82\xA0";  // 0x83 0x82, which is a character elsewhere, stands across the two
+    const Text text("ab\x83\x82");
+    const unsigned size = static_cast<unsigned>(list.size());
+    EXPECT_EQ(text->indexOfAnyOf(list.data(), size, 1), 0u) << before;
+    EXPECT_EQ(text->lastIndexOfAnyOf(list.data(), size, largest), 0u) << before;
+    EXPECT_EQ(text->indexOfAnyBut(list.data(), size, 3), 3u) << before;
+
+    list += "\x83\x82";
+    EXPECT_EQ(text->indexOfAnyOf(list.data(), size + 2, 1), 3u) << before;
+    EXPECT_EQ(text->lastIndexOfAnyOf(list.data(), size + 2, largest), 3u) << before;
+    EXPECT_EQ(text->indexOfAnyBut(list.data(), size + 2, 3), 0u) << before;
+  }
+}
+
 TEST(MultiByteSearchOfGb18030, ADigitIsNotFoundInsideOfCharactersOfFourBytes)
 {
   const LocaleInForce locale("zh_CN.GB18030");
@@ -397,6 +420,24 @@ TEST_F(MultiByteSearchHere, OthersThanMembersOfSets)
     const std::string set = random.setFor(bytes);
     const ExactBytes exact(set);
     EXPECT_EQ(text->indexOfAnyBut(exact.get(), exact.length(), start), rules::indexOfAnyBut(bytes, set, start))
+      << shown(bytes) << ", " << shown(set) << " from " << start;
+    EXPECT_EQ(text->lastIndexOfAnyBut(exact.get(), exact.length(), start), rules::lastIndexOfAnyBut(bytes, set, start))
+      << shown(bytes) << ", " << shown(set) << " from " << start;
+  });
+}
+
+TEST_F(MultiByteSearchHere, LongSets)
+{
+  onManyTexts(500, [&](const std::string& bytes, const Text& text, unsigned start) {
+    std::string set;
+    for (const unsigned length = random.below(600); set.size() < length;)
+      set += random.setFor(bytes);
+    const ExactBytes exact(set);
+    EXPECT_EQ(text->indexOfAnyOf(exact.get(), exact.length(), start), rules::indexOfAnyOf(bytes, set, start))
+      << shown(bytes) << ", " << shown(set) << " from " << start;
+    EXPECT_EQ(text->indexOfAnyBut(exact.get(), exact.length(), start), rules::indexOfAnyBut(bytes, set, start))
+      << shown(bytes) << ", " << shown(set) << " from " << start;
+    EXPECT_EQ(text->lastIndexOfAnyOf(exact.get(), exact.length(), start), rules::lastIndexOfAnyOf(bytes, set, start))
       << shown(bytes) << ", " << shown(set) << " from " << start;
     EXPECT_EQ(text->lastIndexOfAnyBut(exact.get(), exact.length(), start), rules::lastIndexOfAnyBut(bytes, set, start))
       << shown(bytes) << ", " << shown(set) << " from " << start;

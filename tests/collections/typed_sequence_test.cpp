@@ -383,6 +383,19 @@ TEST_F(SequenceCursor, ComparesPlaces)
   EXPECT_TRUE(left != foreign);
 }
 
+TEST_F(SequenceCursor, ThatIsACopyStandsAtTheSamePlaceAndMovesAlone)
+{
+  const Ints numbers{1, 2};
+  Ints::Cursor cursor(numbers);
+  cursor.setToFirst();
+  Ints::Cursor copy(cursor);
+  EXPECT_TRUE(copy == cursor);
+  EXPECT_TRUE(copy.setToNext());
+  EXPECT_EQ(2, copy.element());
+  EXPECT_EQ(1, cursor.element());
+  EXPECT_TRUE(copy != cursor);
+}
+
 TEST_F(SequenceCursor, CopiesAPlace)
 {
   const Ints numbers{1, 2};

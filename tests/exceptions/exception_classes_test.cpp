@@ -4,11 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <exception>
 #include <string>
 #include <type_traits>
 #include <typeinfo>
-#include <unistd.h>
 
 namespace {
 
@@ -224,7 +224,7 @@ TEST(ExceptionFamily, AddedTextsAndLocationsSurviveRethrowing)
 
 void leaveWithSeven()
 {
-  _exit(7);
+  std::exit(7);
 }
 
 TEST(ExceptionTerminateDeathTest, EndsTheProgramThroughTheTerminateHandler)

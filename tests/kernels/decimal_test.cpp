@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -102,6 +103,15 @@ TEST_P(DecimalKernels, PutTheLeadingNumberInFront)
   }
 }
 
+// The smallest leading number before the largest digits: the least that needs its room.
+TEST_P(DecimalKernels, PutALeadingOneInFrontOfNines)
+{
+  for (std::size_t length = 0; length < 300; ++length) {
+    const std::string nines(length, '9');
+    EXPECT_EQ(bytesOf(1, nines, limits()), reference::d2c("0000000001" + nines)) << length << " digits";
+  }
+}
+
 // Where digits change from all nines to a one and zeros, a fraction that is off by the least bit shows.
 TEST_P(DecimalKernels, WritePowersOfTenAndTheirNeighbours)
 {
@@ -162,28 +172,44 @@ TEST(PowersOfFive, AreThoseThatRepeatedProductsGive)
   EXPECT_EQ(fives[3], fives.power(512));
 }
 
+/// reciprocal * divisor - B^(precision + length) is less than 16 divisors.
+void expectReciprocal(const Limbs& divisor, std::size_t precision)
+{
+  const Limbs reciprocal = reciprocalOf(divisor, precision);
+  ASSERT_EQ(reciprocal.size(), precision + 1);
+
+  Limbs product(reciprocal.size() + divisor.size()), error(product.size()), bound(product.size());
+  multiplyDigitByDigit(product.data(), reciprocal.data(), reciprocal.size(), divisor.data(), divisor.size());
+  Limbs one(product.size());
+  one[precision + divisor.size()] = 1;
+  const bool isAbove = subtractLimbs(error.data(), product.data(), one.data(), one.size()) == 0;
+  if (!isAbove)
+    subtractLimbs(error.data(), one.data(), product.data(), one.size());
+  bound[divisor.size()] = multiplyByLimb(bound.data(), divisor.data(), divisor.size(), 16, 0);
+  EXPECT_EQ(subtractLimbs(error.data(), error.data(), bound.data(), bound.size()), 1u)
+    << divisor.size() << " limbs, precision " << precision;
+}
+
 TEST(Reciprocals, TimesTheDivisorAreNearlyOne)
 {
   RandomNumbers random;
   for (int round = 0; round < 300; ++round) {
     Limbs divisor = random.number(1 + random.below(120));
     divisor.back() |= Limb{1} << (limbBits - 1);
-    const std::size_t precision = 1 + random.below(200);
-    const Limbs reciprocal = reciprocalOf(divisor, precision);
-    ASSERT_EQ(reciprocal.size(), precision + 1);
-
-    // reciprocal * divisor - B^(precision + length) is less than 16 divisors.
-    Limbs product(reciprocal.size() + divisor.size()), error(product.size()), bound(product.size());
-    multiplyDigitByDigit(product.data(), reciprocal.data(), reciprocal.size(), divisor.data(), divisor.size());
-    Limbs one(product.size());
-    one[precision + divisor.size()] = 1;
-    const bool isAbove = subtractLimbs(error.data(), product.data(), one.data(), one.size()) == 0;
-    if (!isAbove)
-      subtractLimbs(error.data(), one.data(), product.data(), one.size());
-    bound[divisor.size()] = multiplyByLimb(bound.data(), divisor.data(), divisor.size(), 16, 0);
-    EXPECT_EQ(subtractLimbs(error.data(), error.data(), bound.data(), bound.size()), 1u)
-      << divisor.size() << " limbs, precision " << precision;
+    expectReciprocal(divisor, 1 + random.below(200));
   }
+}
+
+// What is known of such a divisor at first is a power of two, whose reciprocal is larger than that of the whole.
+TEST(Reciprocals, OfADivisorThatIsAPowerOfTwoAsFarAsItWasLookedAtAreLowered)
+{
+  for (std::size_t zeros = 1; zeros < 70; ++zeros)
+    for (const std::size_t precision : {33u, 40u, 65u, 100u}) {
+      Limbs divisor(120, ~Limb{0});
+      std::fill(divisor.end() - 1 - static_cast<std::ptrdiff_t>(zeros), divisor.end() - 1, Limb{0});
+      divisor.back() = Limb{1} << (limbBits - 1);
+      expectReciprocal(divisor, precision);
+    }
 }
 
 }  // namespace

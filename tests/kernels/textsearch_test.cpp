@@ -13,7 +13,9 @@
 using namespace kerneltests;
 using quelmcl::detail::findLastText;
 using quelmcl::detail::findText;
+using quelmcl::detail::Forward;
 using quelmcl::detail::nowhere;
+using quelmcl::detail::TextSearch;
 using quelmcl_test::RandomTexts;
 
 namespace {
@@ -122,6 +124,18 @@ INSTANTIATE_TEST_SUITE_P(Lengths, ShortNeedles, testing::Values(2, 3, 5, 9, 10, 
                          testing::PrintToStringParamName());
 
 // Needles that repeat themselves: whole periods, broken ones, and one unlike its neighbours.
+TEST(PeriodicNeedles, AreNowhereAgainOnceTheyWereNowhere)
+{
+  const std::string needle = std::string(300, 'a') + 'b' + std::string(300, 'a');
+  for (const std::string& text : {needle, needle + std::string(20000, 'a'), std::string(20000, 'a')}) {
+    TextSearch<Forward> search(text.data(), text.size(), needle.data(), needle.size());
+    while (search.next() != nowhere) {
+    }
+    EXPECT_EQ(search.next(), nowhere) << text.size();
+    EXPECT_EQ(search.next(), nowhere) << text.size();
+  }
+}
+
 TEST(PeriodicNeedles, AreFoundInPeriodicTexts)
 {
   const std::string units[] = {"a", "ab", "aab", "abaab", "abcabd", std::string("a\0", 2), "\xFF\x80"};

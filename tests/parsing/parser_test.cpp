@@ -50,6 +50,43 @@ TEST(Parser, SplitsAtDistances)
   EXPECT_TEXT(day, "15");
 }
 
+/// A handle that tests can copy.
+class Handle : public IStringParser {
+public:
+  explicit Handle(const IString& text) : IStringParser(text) {}
+};
+
+TEST(Parser, BeginsWithAnyPattern)
+{
+  const IString text("ab;cd;ef");
+  const IString pattern(";");
+  IString rest;
+  text >> pattern >> rest;
+  EXPECT_TEXT(rest, "cd;ef");
+  text >> "cd;" >> rest;
+  EXPECT_TEXT(rest, "ef");
+  text >> 'c' >> rest;
+  EXPECT_TEXT(rest, "d;ef");
+  text >> IStringTest([](int c) { return static_cast<int>(c == 'e'); }) >> rest;
+  EXPECT_TEXT(rest, "ef");
+}
+
+TEST(Parser, CopiesAreHandlesOnTheSameParse)
+{
+  IString first, second, rest;
+  Handle handle("a b c d");
+  {
+    Handle copy(handle);
+    copy >> first >> IStringParser::skipWord;
+    handle >> second;  // gets what the copy has left
+    EXPECT_TEXT(first, "a");
+    EXPECT_TEXT(second, "c d");
+  }
+  handle >> IStringParser::reset >> second >> rest;
+  EXPECT_TEXT(second, "a");
+  EXPECT_TEXT(rest, "b c d");
+}
+
 TEST(Parser, SplitsAtAPosition)
 {
   IString x, y;

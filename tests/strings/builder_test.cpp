@@ -544,8 +544,8 @@ TEST_F(BuilderFailures, LengthsOfMoreBitsAreRefusedRatherThanCut)
   EXPECT_EQ(errorIdOf([&] { builder.append("x", 1u, "y", 1u, "z", wide + 1); }), tooLong);
   EXPECT_EQ(errorIdOf([&] { builder.appendPadding(wide + 1); }), tooLong);
   EXPECT_EQ(built(builder), "abc");
-  builder.append("de", 2ull).appendPadding(1ull, '.');
-  EXPECT_EQ(built(builder), "abcde.");
+  builder.append("de", 2ull).append("f", 1ull, nullptr, 1, "g", 1ull, '-').appendPadding(1ull, '.');
+  EXPECT_EQ(built(builder), "abcdef-g.");
 }
 
 /// Does `change` to a builder of "abc" that is full while the first allocation fails.

@@ -198,6 +198,23 @@ TEST(StringBits, OfALongerArgumentOnlyTheFirstBytesCount)
   EXPECT_TEXT(IString("abcd") & "\x7F\x7F\x7F\x60\x01\x01\x01\x01\x01\x01", "abc`");
 }
 
+TEST(StringBits, AnyPartOfTheTextItselfMayBeTheArgument)
+{
+  std::string bytes;
+  while (bytes.size() < 300)
+    bytes += static_cast<char>('!' + bytes.size() % 89);
+  for (unsigned offset = 0; offset < bytes.size(); ++offset) {
+    const std::string part = bytes.substr(offset);
+    IString all(bytes.c_str()), some(bytes.c_str()), either(bytes.c_str());
+    all &= static_cast<const char*>(all) + offset;
+    some |= static_cast<const char*>(some) + offset;
+    either ^= static_cast<const char*>(either) + offset;
+    EXPECT_TEXT(all, combined(bytes, part, IString::bitAnd)) << offset;
+    EXPECT_TEXT(some, combined(bytes, part, IString::bitOr)) << offset;
+    EXPECT_TEXT(either, combined(bytes, part, IString::bitExclusiveOr)) << offset;
+  }
+}
+
 TEST(StringBits, AnEmptyArgumentChangesNothing)
 {
   const IString text("abc");

@@ -20,6 +20,61 @@ namespace {
 const char* const sample = "  alpha beta\tgamma  ";
 
 // ---------------------------------------------------------------------------------------------------------------------
+// Which buffer is asked
+
+/// A kind of buffer that takes a bar for white space, too.
+class Barred : public IBuffer {
+public:
+  static IBuffer* holding(const std::string& text)
+  {
+    Barred* const buffer = new (static_cast<unsigned>(text.size())) Barred(static_cast<unsigned>(text.size()));
+    text.copy(buffer->contents(), buffer->length());
+    return buffer;
+  }
+
+  unsigned indexOfAnyBut(const char* set, unsigned count, unsigned startPos) const override
+  {
+    const std::string barred = std::string(set, count) + '|';
+    return IBuffer::indexOfAnyBut(barred.data(), count + 1, startPos);
+  }
+  unsigned indexOfAnyOf(const char* set, unsigned count, unsigned startPos) const override
+  {
+    const std::string barred = std::string(set, count) + '|';
+    return IBuffer::indexOfAnyOf(barred.data(), count + 1, startPos);
+  }
+
+private:
+  explicit Barred(unsigned length) : IBuffer(length) {}
+};
+
+void hold(Probe& string, const std::string& text)
+{
+  IBuffer* const before = string.buffer();
+  string.setBuffer(Barred::holding(text));
+  before->removeRef();
+}
+
+TEST(StringWords, EndWhereTheBufferOfTheStringSaysSo)
+{
+  Probe string;
+  for (const char* const text : {"|one|| two|three", "|one|| two|three|", "|one|| two|three "}) {
+    hold(string, text);
+    EXPECT_EQ(string.numWords(), 3u) << text;
+    EXPECT_EQ(string.indexOfWord(2), 8u) << text;
+    EXPECT_EQ(string.lengthOfWord(1), 3u) << text;
+    EXPECT_EQ(string.lengthOfWord(3), 5u) << text;
+    EXPECT_EQ(string.indexOfWord(4), 0u) << text;
+    EXPECT_EQ(string.lengthOfWord(4), 0u) << text;
+    EXPECT_TEXT(string.word(3), "three");
+  }
+  for (const char* const text : {"", "|", " | "}) {
+    hold(string, text);
+    EXPECT_EQ(string.numWords(), 0u) << text;
+    EXPECT_EQ(string.indexOfWord(1), 0u) << text;
+  }
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
 // Counting and finding
 
 struct CountCase {

@@ -99,9 +99,11 @@ TEST(ZeroBasedConstruction, AssignsTextsOfEitherKind)
   EXPECT_TEXT(text, "def");
   text = "ghi";
   EXPECT_TEXT(text, "ghi");
+  EXPECT_EQ(&(text = std::string("j\0k", 3)), &text);
+  EXPECT_TEXT(text, "j\0k");
   I0String& same = text;
   text = same;
-  EXPECT_TEXT(text, "ghi");
+  EXPECT_TEXT(text, "j\0k");
 }
 
 TEST(ZeroBasedConstruction, IsAStringWithAVirtualDestructor)

@@ -5,8 +5,21 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#ifdef QUELMCL_COVERAGE
+#  include <csignal>
+
+extern "C" void __gcov_dump();
+#endif
 
 namespace {
+
+/// What has been counted is written when a process ends; one that aborts, as some tests want it to, has to be told.
+void countWhatAbortsToo()
+{
+#ifdef QUELMCL_COVERAGE
+  std::signal(SIGABRT, [](int) { __gcov_dump(); });
+#endif
+}
 
 /// Whether the locale named by QUELMCL_TEST_LOCALE, if any, is in force now.
 bool setLocaleOfThisRun()
@@ -31,6 +44,7 @@ bool hasOnlySkipped()
 
 int main(int argc, char** argv)
 {
+  countWhatAbortsToo();
   if (!setLocaleOfThisRun())
     return EXIT_FAILURE;
   testing::InitGoogleTest(&argc, argv);
