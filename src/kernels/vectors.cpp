@@ -64,6 +64,23 @@ std::uint64_t whiteSpace(const char* text) noexcept
   return mask;
 }
 
+#include "kernels/wordloops.inc"
+
+void copyWords(const char* text, std::size_t, char* copy, std::size_t copyLength, bool separated,
+               char separator) noexcept
+{
+  char* const end = copy + copyLength;
+  bool isWhiteBefore = true;
+  for (; copy != end; ++text) {
+    const bool isWhite = isWhiteSpace(*text);
+    if (!isWhite)
+      *copy++ = *text;
+    else if (separated && !isWhiteBefore)
+      *copy++ = separator;
+    isWhiteBefore = isWhite;
+  }
+}
+
 void lower(char* text, std::size_t length) noexcept
 {
   std::transform(text, text + length, text, lowerAsciiByte);
@@ -100,18 +117,8 @@ void bitExclusiveOr(char* text, const char* other, std::size_t length) noexcept
 }  // namespace
 
 const Vectors portableVectors = {
-  Instructions::portable,
-  firstPair,
-  lastPair,
-  firstMember,
-  lastMember,
-  asciiPrefixOf,
-  whiteSpace,
-  lower,
-  upper,
-  reverse,
-  bitAnd,
-  bitOr,
+  Instructions::portable, firstPair, lastPair, firstMember, lastMember, asciiPrefixOf, whiteSpace,
+  measureWords,           copyWords, lower,    upper,       reverse,    bitAnd,        bitOr,
   bitExclusiveOr,
 };
 

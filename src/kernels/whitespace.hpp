@@ -32,20 +32,6 @@ inline std::uint64_t whiteSpaceMask(const char* text, std::size_t length) noexce
   return vectors().whiteSpace(padded);
 }
 
-/// How many words begin in a text.
-inline std::size_t countWords(const char* text, std::size_t length) noexcept
-{
-  constexpr std::size_t blockSize = 64;
-  std::size_t count = 0;
-  std::uint64_t whiteBefore = 1;
-  for (std::size_t at = 0; at < length; at += blockSize) {
-    const std::uint64_t white = whiteSpaceMask(text + at, length - at);
-    count += static_cast<std::size_t>(__builtin_popcountll(~white & (white << 1 | whiteBefore)));
-    whiteBefore = white >> (blockSize - 1);
-  }
-  return count;
-}
-
 /// The number of the lowest bit set; there is one. By halves, since 32-bit code would call a function for the whole.
 inline unsigned lowestBit(std::uint64_t mask) noexcept
 {
@@ -81,8 +67,28 @@ public:
     return edge;
   }
 
+  /// What so many calls of next() do. Edges are counted, and only those of the last block told apart.
+  void skip(std::size_t count) noexcept
+  {
+    while (count > 0 && bitCount(edges) <= count) {
+      count -= bitCount(edges);
+      edges = 0;
+      if (length - block <= blockSize)
+        return;
+      block += blockSize;
+      lookAt(block, 0);
+    }
+    for (; count > 0; --count)
+      edges &= edges - 1;
+  }
+
 private:
   enum : std::size_t { blockSize = 64 };
+
+  static std::size_t bitCount(std::uint64_t mask) noexcept
+  {
+    return static_cast<std::size_t>(__builtin_popcountll(mask));
+  }
 
   void lookAt(std::size_t at, std::uint64_t alsoWhite) noexcept
   {

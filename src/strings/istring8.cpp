@@ -5,11 +5,16 @@
 #include "strings/words.hpp"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <vector>
 
+using quelmcl::detail::findsWordsByBytes;
+using quelmcl::detail::measureWords;
+using quelmcl::detail::vectors;
 using quelmcl::detail::Word;
 using quelmcl::detail::WordReader;
+using quelmcl::detail::WordTotals;
 
 namespace {
 
@@ -28,11 +33,11 @@ std::vector<Word> wordList(const IBuffer& text)
 /// The word of that number from a position on, counted from `before` + 1; position 0 when there is none.
 Word wordNumbered(const IBuffer& text, unsigned long wordNumber, unsigned startPos = 1, unsigned long before = 0)
 {
+  if (wordNumber <= before)
+    return {0, 0};
   WordReader reader(text, startPos);
-  for (Word word = reader.next(); word.pos != 0; word = reader.next())
-    if (++before == wordNumber)
-      return word;
-  return {0, 0};
+  reader.skip(wordNumber - before - 1);
+  return reader.next();
 }
 
 }  // namespace
@@ -41,7 +46,7 @@ Word wordNumbered(const IBuffer& text, unsigned long wordNumber, unsigned startP
 
 unsigned long IString::numWords() const
 {
-  return WordReader(*buffer()).count();
+  return static_cast<unsigned long>(measureWords(*buffer()).words);
 }
 
 unsigned long IString::indexOfWord(unsigned long wordNumber, unsigned long startPos, unsigned long numWords) const
@@ -168,29 +173,41 @@ IString& IString::removeWords(unsigned long firstWord, unsigned long numWords)
   return remove(start, end - start);
 }
 
+namespace {
+
+/// Writes the words of a text and what is to stand between them.
+void writeWords(char* to, const IBuffer& text, unsigned spaces, char spaceChar)
+{
+  WordReader reader(text);
+  Word word = reader.next();
+  for (;;) {
+    to = std::copy_n(text.contents() + (word.pos - 1), word.len, to);
+    word = reader.next();
+    if (word.pos == 0)
+      return;
+    to = std::fill_n(to, spaces, spaceChar);
+  }
+}
+
+}  // namespace
+
 IString& IString::space(unsigned long numSpaces, char spaceChar)
 {
   if (length() == 0)
     return *this;
   const unsigned spaces = static_cast<unsigned>(std::min<unsigned long>(numSpaces, largestNumber));
-  WordReader measuring(*buffer());
-  unsigned newLength = measuring.next().len;
-  for (Word word = measuring.next(); word.pos != 0; word = measuring.next())
-    newLength = IBuffer::checkAddition(IBuffer::checkAddition(newLength, spaces), word.len);
-  if (newLength == 0)
+  const WordTotals totals = measureWords(*buffer());
+  if (totals.words == 0)
     return adopt(buffer()->null()->addRef());
+  const std::uint64_t newLength = totals.bytes + std::uint64_t{totals.words - 1} * spaces;
+  if (newLength > largestNumber)
+    IBuffer::overflow();
 
-  IBuffer* const spaced = buffer()->allocate(newLength);
-  char* end = spaced->contents();
-  WordReader filling(*buffer());
-  for (Word word = filling.next(); word.pos != 0; word = filling.next()) {
-    if (end != spaced->contents() && spaces == 1)  // as nearly always
-      *end++ = spaceChar;
-    else if (end != spaced->contents())
-      end = std::fill_n(end, spaces, spaceChar);
-    std::memcpy(end, pBuffer + (word.pos - 1), word.len);
-    end += word.len;
-  }
+  IBuffer* const spaced = buffer()->allocate(static_cast<unsigned>(newLength));
+  if (spaces <= 1 && findsWordsByBytes(*buffer()))  // as nearly always
+    vectors().copyWords(pBuffer, length(), spaced->contents(), spaced->length(), spaces == 1, spaceChar);
+  else
+    writeWords(spaced->contents(), *buffer(), spaces, spaceChar);
   return adopt(spaced);
 }
 
