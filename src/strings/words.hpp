@@ -78,17 +78,23 @@ private:
   WordEdges edges;
 };
 
-inline WordTotals measureWords(const IBuffer& text)
+/// How many words begin before the position `endPos`, where one begins or the text has ended, and at or behind `startPos`; and how
+/// many bytes they have together.
+inline WordTotals measureWords(const IBuffer& text, unsigned startPos, unsigned endPos)
 {
   if (findsWordsByBytes(text))
-    return vectors().measureWords(text.contents(), text.length());
+    return vectors().measureWords(text.contents() + (startPos - 1), endPos - startPos);
   WordTotals totals = {0, 0};
-  WordReader reader(text);
-  for (Word word = reader.next(); word.pos != 0; word = reader.next()) {
+  WordReader reader(text, startPos);
+  for (Word word = reader.next(); word.pos != 0 && word.pos < endPos; word = reader.next()) {
     ++totals.words;
     totals.bytes += word.len;
   }
   return totals;
+}
+inline WordTotals measureWords(const IBuffer& text)
+{
+  return measureWords(text, 1, text.length() + 1);
 }
 
 }  // namespace quelmcl::detail
