@@ -56,10 +56,11 @@ std::size_t asciiPrefixOf(const char* text, std::size_t length) noexcept
   return asciiPrefix(text, length);
 }
 
-std::uint64_t whiteSpace(const char* text) noexcept
+std::uint64_t whiteSpace(const char* text, std::size_t length) noexcept
 {
-  std::uint64_t mask = 0;
-  for (unsigned i = 0; i < 64; ++i)
+  constexpr std::size_t most = 64;
+  std::uint64_t mask = length < most ? ~std::uint64_t{0} << length : 0;
+  for (std::size_t i = 0; i < std::min(length, most); ++i)
     mask |= std::uint64_t{isWhiteSpace(text[i])} << i;
   return mask;
 }

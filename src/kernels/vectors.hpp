@@ -35,8 +35,9 @@ struct Vectors {
 
   /// How many bytes stand before the first that is not ASCII.
   std::size_t (*asciiPrefix)(const char* text, std::size_t length) noexcept;
-  /// For each of 64 bytes, the first in the lowest bit, whether it is white space: tab to carriage return, or blank.
-  std::uint64_t (*whiteSpace)(const char* text) noexcept;
+  /// For each of the next 64 bytes, the first in the lowest bit, whether it is white space: tab to carriage return, or blank.
+  /// So is what stands behind the text.
+  std::uint64_t (*whiteSpace)(const char* text, std::size_t length) noexcept;
   WordTotals (*measureWords)(const char* text, std::size_t length) noexcept;
   /// Copies the words of a text, without anything between them or with one `separator` between any two. They fill
   /// `copyLength` bytes at `copy`; there is one at least.

@@ -20,18 +20,6 @@ constexpr bool isWhiteSpace(char byte) noexcept
   return byte == ' ' || (byte >= '\t' && byte <= '\r');
 }
 
-/// A bit for each of the next 64 bytes: whether it is white space. Behind the text there are blanks.
-inline std::uint64_t whiteSpaceMask(const char* text, std::size_t length) noexcept
-{
-  constexpr std::size_t blockSize = 64;
-  if (length >= blockSize)
-    return vectors().whiteSpace(text);
-  char padded[blockSize];
-  std::memset(padded, ' ', sizeof padded);
-  std::memcpy(padded, text, length);
-  return vectors().whiteSpace(padded);
-}
-
 /// The number of the lowest bit set; there is one. By halves, since 32-bit code would call a function for the whole.
 inline unsigned lowestBit(std::uint64_t mask) noexcept
 {
@@ -92,7 +80,7 @@ private:
 
   void lookAt(std::size_t at, std::uint64_t alsoWhite) noexcept
   {
-    const std::uint64_t white = whiteSpaceMask(text + at, length - at) | alsoWhite;
+    const std::uint64_t white = vectors().whiteSpace(text + at, length - at) | alsoWhite;
     edges = white ^ (white << 1 | lastWasWhite);
     lastWasWhite = white >> (blockSize - 1);
   }

@@ -59,6 +59,11 @@ private:
 constexpr std::size_t longest = 300;
 const char* const whiteSpace = "\t\n\v\f\r ";
 
+bool isSpace(char byte)
+{
+  return byte != '\0' && std::strchr(whiteSpace, byte) != nullptr;
+}
+
 class VectorForms : public testing::TestWithParam<const Vectors*> {
 protected:
   std::string textOf(std::size_t length)
@@ -162,9 +167,20 @@ TEST_P(VectorForms, MarkWhiteSpace)
     for (unsigned at = 0; at < 64; ++at) {
       std::string text(64, 'x');
       text[at] = static_cast<char>(byte);
-      const bool isSpace = byte != 0 && std::strchr(whiteSpace, byte) != nullptr;
-      ASSERT_EQ(form().whiteSpace(fenced.atEnd(text)), isSpace ? std::uint64_t{1} << at : 0) << byte << " at " << at;
+      const std::uint64_t expected = isSpace(text[at]) ? std::uint64_t{1} << at : 0;
+      ASSERT_EQ(form().whiteSpace(fenced.atEnd(text), text.size()), expected) << byte << " at " << at;
     }
+}
+
+TEST_P(VectorForms, TakeWhatIsBehindATextForWhiteSpace)
+{
+  FOR_TEXTS(text, length)
+  {
+    std::uint64_t expected = 0;
+    for (std::size_t at = 0; at < 64; ++at)
+      expected |= std::uint64_t{at >= length || isSpace(model[at])} << at;
+    EXPECT_EQ(form().whiteSpace(text, length), expected) << length << " at " << place;
+  }
 }
 
 /// The words of a text.
