@@ -28,6 +28,24 @@ inline unsigned lowestBit(std::uint64_t mask) noexcept
   return static_cast<unsigned>(low != 0 ? __builtin_ctz(low) : 32 + __builtin_ctz(high));
 }
 
+/// Calls `visit` with every place of a text where a word begins and with every one where it ends, in turns.
+template <class Visit>
+void forEachWordEdge(const char* text, std::size_t length, Visit visit)
+{
+  constexpr std::size_t blockSize = 64;
+  std::uint64_t whiteBefore = 1;
+  for (std::size_t at = 0; at < length; at += blockSize) {
+    const std::uint64_t white = vectors().whiteSpace(text + at, length - at);
+    const std::uint64_t edges = white ^ (white << 1 | whiteBefore);
+    whiteBefore = white >> (blockSize - 1);
+    for (const unsigned half : {0u, 32u})
+      for (std::uint32_t left = static_cast<std::uint32_t>(edges >> half); left != 0; left &= left - 1)
+        visit(at + half + static_cast<unsigned>(__builtin_ctz(left)));
+  }
+  if (whiteBefore == 0)
+    visit(length);
+}
+
 /// The places of a text where words begin and end, one after the other. The text must not change meanwhile. Cost: one
 /// pass over it together.
 class WordEdges {
