@@ -20,7 +20,7 @@ using quelmcl::detail::positionOf;
 namespace {
 
 constexpr ByteSet separators(quelmcl::detail::wordSeparators, quelmcl::detail::wordSeparatorCount);
-constexpr std::size_t near = 16;  // so far white space is stepped over byte by byte; most often there is little of it
+constexpr std::size_t near = 8;  // so far white space is stepped over byte by byte; most often there is little of it
 
 /// The offset of the first byte that separates no words, or the length.
 std::size_t firstOther(const char* text, std::size_t length)
