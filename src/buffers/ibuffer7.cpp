@@ -15,6 +15,7 @@
 #include <memory>
 
 using quelmcl::detail::editable;
+using quelmcl::detail::newBufferOf;
 using quelmcl::detail::stripEnds;
 using quelmcl::detail::unfilled;
 
@@ -72,7 +73,7 @@ IBuffer* IBuffer::center(unsigned newLength, char padCharacter)
 
   if (newLength < len) {
     const unsigned cutLeft = (len - newLength) >> 1;  // an odd surplus loses its extra byte on the right
-    return newBuffer(contents() + cutLeft, newLength, nullptr, 0, nullptr, 0, padCharacter);
+    return newBufferOf(*this, contents() + cutLeft, newLength);
   }
 
   const unsigned pad = newLength - len;
