@@ -6,6 +6,7 @@
 #include "buffers/bytesearch.hpp"
 #include "buffers/editing.hpp"
 #include "buffers/kinds.hpp"
+#include "kernels/bytes.hpp"
 #include "kernels/whitespace.hpp"
 
 #include <cctype>
@@ -13,6 +14,8 @@
 using quelmcl::detail::ByteSet;
 using quelmcl::detail::findLastMember;
 using quelmcl::detail::findMember;
+using quelmcl::detail::isAsciiLower;
+using quelmcl::detail::isAsciiUpper;
 using quelmcl::detail::isWhiteSpace;
 using quelmcl::detail::nowhere;
 using quelmcl::detail::positionOf;
@@ -43,10 +46,11 @@ std::size_t lengthToLastOther(const char* text, std::size_t length)
   return findLastMember(text, left, separators, false) + 1;  // nowhere makes 0
 }
 
-/// What the C library takes for white space. What separates words is that in every locale, and there is hardly more.
+/// What the C library takes for white space. What separates words is that in every locale, letters and digits in none.
 bool isSpace(char byte)
 {
-  return std::isspace(static_cast<signed char>(byte)) != 0;
+  const bool isPlain = isAsciiLower(byte) || isAsciiUpper(byte) || (byte >= '0' && byte <= '9');
+  return !isPlain && std::isspace(static_cast<signed char>(byte));
 }
 
 /// Strips white space. Only our own kind of text is looked at here; another may search in its own way, and is asked to.
