@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <cstring>
 
 namespace quelmcl::detail {
 
