@@ -14,10 +14,10 @@ static std::string asText(const QByteArray& text)
 
 #include "frame.hpp"
 
+#include <quelmcl/istrword.hpp>
+
 #include <absl/strings/ascii.h>
 #include <absl/strings/str_split.h>
-
-#include <string_view>
 
 namespace {
 
@@ -52,21 +52,6 @@ Workload middle("middle_word", bench::proseOf, {{32, 1}, {1024, 0.2}, {65536, 0.
 unsigned long numberOfMiddleWord(const std::string& text)
 {
   return stringOf(text).numWords() / 2 + 1;
-}
-
-/// Where the words begin and end, from one search to the next.
-std::vector<std::string_view> wordsOf(const IString& text)
-{
-  std::vector<std::string_view> words;
-  for (unsigned begin = 1, end; (begin = text.indexOfAnyBut(whiteSpace, begin)) != 0; begin = end) {
-    end = text.indexOfAnyOf(whiteSpace, begin);
-    if (end == 0)
-      end = text.length() + 1;
-    words.emplace_back(static_cast<const char*>(text) + begin - 1, end - begin);
-    if (end > text.length())
-      break;
-  }
-  return words;
 }
 
 // ---- close up ----
@@ -113,7 +98,7 @@ const bool all[] = {
                   }),
 
   split.contender("quelmcl",
-                  [](const std::string& data) { return [text = stringOf(data)] { return wordsOf(text).size(); }; }),
+                  [](const std::string& data) { return [text = stringOf(data)] { return IWordList(text).size(); }; }),
   split.contender("absl",
                   [](const std::string& data) {
                     return [&data] {

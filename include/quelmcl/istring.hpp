@@ -485,7 +485,7 @@ public:
   /// @name Words
   /// A word is a run of characters without white space; white space is tab, line feed, vertical tab, form feed,
   /// carriage return and blank, in every locale. Words count from 1. A word that does not exist gives 0, the empty
-  /// string, or no change. Linear in the text, without recursion.
+  /// string, or no change. Linear in the text, without recursion. To go over all words, list them: IWordList.
   /// @{
 
   /// The number of words. Allocates nothing.
@@ -502,7 +502,7 @@ public:
   unsigned long lengthOfWord(unsigned long wordNumber) const;
   /// The position where the words of `aPhrase` stand one after the other, at or after word `startWord`, whatever
   /// white space is between them. Upper and lower case differ. An empty phrase is found at `startWord` if that is at
-  /// most one past the last word. Cost: two lists of words and a number for each of the phrase, until the call ends.
+  /// most one past the last word. Allocates lists of words only where the phrase nearly stands in many places.
   unsigned long indexOfPhrase(const IString& aPhrase, unsigned long startWord = 1) const
   {
     return findPhrase(aPhrase, startWord, charIndex);

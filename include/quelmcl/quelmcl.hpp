@@ -30,6 +30,7 @@
 #include <quelmcl/istrord.hpp>
 #include <quelmcl/istrstd.hpp>
 #include <quelmcl/istrtest.hpp>
+#include <quelmcl/istrword.hpp>
 #include <quelmcl/itime.hpp>
 #include <quelmcl/itrace.hpp>
 #include <quelmcl/ivbase.hpp>

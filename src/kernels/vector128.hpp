@@ -19,6 +19,8 @@ struct Vector128 {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(sixteen));
   }
   QUELMCL_INLINE static Bytes bitAnd(Bytes a, Bytes b) noexcept { return _mm_and_si128(a, b); }
+  /// What is not in `a`, but in `b`.
+  QUELMCL_INLINE static Bytes bitAndNot(Bytes a, Bytes b) noexcept { return _mm_andnot_si128(a, b); }
   QUELMCL_INLINE static Bytes bitOr(Bytes a, Bytes b) noexcept { return _mm_or_si128(a, b); }
   QUELMCL_INLINE static Bytes bitExclusiveOr(Bytes a, Bytes b) noexcept { return _mm_xor_si128(a, b); }
   /// All bits of a byte where the claim holds, none where not. Bytes are signed.
@@ -32,6 +34,15 @@ struct Vector128 {
   /// For each byte the entry of a table of sixteen that its lower half names; 0 when its highest bit is set.
   QUELMCL_INLINE static Bytes lookUp(Bytes table, Bytes bytes) noexcept { return _mm_shuffle_epi8(table, bytes); }
   QUELMCL_INLINE static Bytes upperHalves(Bytes bytes) noexcept { return bitAnd(_mm_srli_epi16(bytes, 4), all(0x0F)); }
+  /// Stores at `to` those of the eight lower bytes that the mask names, side by side, and something behind them: eight bytes
+  /// in all. Returns where they end.
+  QUELMCL_INLINE static char* gather(char* to, Bytes bytes, std::uint32_t mask) noexcept
+  {
+    const __m128i places = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(gatherings.places[mask]));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(to), _mm_shuffle_epi8(bytes, places));
+    return to + gatherings.counts[mask];
+  }
+  QUELMCL_INLINE static Bytes upperEight(Bytes bytes) noexcept { return _mm_srli_si128(bytes, 8); }
   QUELMCL_INLINE static Bytes reversed(Bytes bytes) noexcept
   {
     return _mm_shuffle_epi8(bytes, _mm_set_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15));

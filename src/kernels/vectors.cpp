@@ -64,12 +64,30 @@ std::size_t asciiPrefixOf(const char* text, std::size_t length) noexcept
   return asciiPrefix(text, length);
 }
 
-std::uint64_t whiteSpace(const char* text) noexcept
+std::uint64_t whiteSpace(const char* text, std::size_t length) noexcept
 {
-  std::uint64_t mask = 0;
-  for (unsigned i = 0; i < 64; ++i)
+  constexpr std::size_t most = 64;
+  std::uint64_t mask = length < most ? ~std::uint64_t{0} << length : 0;
+  for (std::size_t i = 0; i < std::min(length, most); ++i)
     mask |= std::uint64_t{isWhiteSpace(text[i])} << i;
   return mask;
+}
+
+#include "kernels/wordloops.inc"
+
+void copyWords(const char* text, std::size_t, char* copy, std::size_t copyLength, bool separated,
+               char separator) noexcept
+{
+  char* const end = copy + copyLength;
+  bool isWhiteBefore = true;
+  for (; copy != end; ++text) {
+    const bool isWhite = isWhiteSpace(*text);
+    if (!isWhite)
+      *copy++ = *text;
+    else if (separated && !isWhiteBefore)
+      *copy++ = separator;
+    isWhiteBefore = isWhite;
+  }
 }
 
 void lower(char* text, std::size_t length) noexcept
@@ -108,20 +126,8 @@ void bitExclusiveOr(char* text, const char* other, std::size_t length) noexcept
 }  // namespace
 
 const Vectors portableVectors = {
-  Instructions::portable,
-  firstPair,
-  pairs,
-  lastPair,
-  firstMember,
-  lastMember,
-  asciiPrefixOf,
-  whiteSpace,
-  lower,
-  upper,
-  reverse,
-  bitAnd,
-  bitOr,
-  bitExclusiveOr,
+  Instructions::portable, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf, whiteSpace,
+  measureWords,           copyWords, lower, upper,    reverse,     bitAnd,     bitOr,         bitExclusiveOr,
 };
 
 constinit const Forms<Vectors> vectorForms(portableVectors, portableVectors, ssse3Vectors, avx2Vectors);

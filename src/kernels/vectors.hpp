@@ -12,6 +12,12 @@
 
 namespace quelmcl::detail {
 
+/// How many words a text has, and how many bytes they have together.
+struct WordTotals {
+  std::size_t words;
+  std::size_t bytes;
+};
+
 /// One form of all loops. None reads or writes outside of what it is given.
 struct Vectors {
   Instructions needed;
@@ -31,8 +37,14 @@ struct Vectors {
 
   /// How many bytes stand before the first that is not ASCII.
   std::size_t (*asciiPrefix)(const char* text, std::size_t length) noexcept;
-  /// For each of 64 bytes, the first in the lowest bit, whether it is white space: tab to carriage return, or blank.
-  std::uint64_t (*whiteSpace)(const char* text) noexcept;
+  /// For each of the next 64 bytes, the first in the lowest bit, whether it is white space: tab to carriage return, or blank.
+  /// So is what stands behind the text.
+  std::uint64_t (*whiteSpace)(const char* text, std::size_t length) noexcept;
+  WordTotals (*measureWords)(const char* text, std::size_t length) noexcept;
+  /// Copies the words of a text, without anything between them or with one `separator` between any two. They fill
+  /// `copyLength` bytes at `copy`; there is one at least.
+  void (*copyWords)(const char* text, std::size_t length, char* copy, std::size_t copyLength, bool separated,
+                    char separator) noexcept;
 
   /// Makes the letters A to Z small, or a to z capital.
   void (*lower)(char* text, std::size_t length) noexcept;

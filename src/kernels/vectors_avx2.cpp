@@ -2,9 +2,12 @@
 // Tests: tests/kernels/vectors_test.cpp
 #include "kernels/vectors.hpp"
 
+#include "kernels/gathering.hpp"
 #include "kernels/instructions.hpp"
 
 #include <immintrin.h>
+
+#include <cstring>
 
 QUELMCL_BEGIN_INSTRUCTIONS("avx2")
 
@@ -23,8 +26,8 @@ using Wide = Vector256;
 }  // namespace
 
 const Vectors avx2Vectors = {
-  Instructions::avx2, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf,
-  whiteSpace,         lower,     upper, reverse,  bitAnd,      bitOr,      bitExclusiveOr,
+  Instructions::avx2, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf, whiteSpace,
+  measureWords,       copyWords, lower, upper,    reverse,     bitAnd,     bitOr,         bitExclusiveOr,
 };
 
 }  // namespace quelmcl::detail

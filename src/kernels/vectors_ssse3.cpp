@@ -2,9 +2,12 @@
 // Tests: tests/kernels/vectors_test.cpp
 #include "kernels/vectors.hpp"
 
+#include "kernels/gathering.hpp"
 #include "kernels/instructions.hpp"
 
 #include <immintrin.h>
+
+#include <cstring>
 
 QUELMCL_BEGIN_INSTRUCTIONS("ssse3")
 
@@ -22,8 +25,8 @@ using Wide = Vector128;
 }  // namespace
 
 const Vectors ssse3Vectors = {
-  Instructions::ssse3, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf,
-  whiteSpace,          lower,     upper, reverse,  bitAnd,      bitOr,      bitExclusiveOr,
+  Instructions::ssse3, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf, whiteSpace,
+  measureWords,        copyWords, lower, upper,    reverse,     bitAnd,     bitOr,         bitExclusiveOr,
 };
 
 }  // namespace quelmcl::detail

@@ -7,7 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
+#include <initializer_list>
 
 namespace quelmcl::detail {
 
@@ -20,38 +20,30 @@ constexpr bool isWhiteSpace(char byte) noexcept
   return byte == ' ' || (byte >= '\t' && byte <= '\r');
 }
 
-/// A bit for each of the next 64 bytes: whether it is white space. Behind the text there are blanks.
-inline std::uint64_t whiteSpaceMask(const char* text, std::size_t length) noexcept
-{
-  constexpr std::size_t blockSize = 64;
-  if (length >= blockSize)
-    return vectors().whiteSpace(text);
-  char padded[blockSize];
-  std::memset(padded, ' ', sizeof padded);
-  std::memcpy(padded, text, length);
-  return vectors().whiteSpace(padded);
-}
-
-/// How many words begin in a text.
-inline std::size_t countWords(const char* text, std::size_t length) noexcept
-{
-  constexpr std::size_t blockSize = 64;
-  std::size_t count = 0;
-  std::uint64_t whiteBefore = 1;
-  for (std::size_t at = 0; at < length; at += blockSize) {
-    const std::uint64_t white = whiteSpaceMask(text + at, length - at);
-    count += static_cast<std::size_t>(__builtin_popcountll(~white & (white << 1 | whiteBefore)));
-    whiteBefore = white >> (blockSize - 1);
-  }
-  return count;
-}
-
 /// The number of the lowest bit set; there is one. By halves, since 32-bit code would call a function for the whole.
 inline unsigned lowestBit(std::uint64_t mask) noexcept
 {
   const std::uint32_t low = static_cast<std::uint32_t>(mask);
   const std::uint32_t high = static_cast<std::uint32_t>(mask >> 32);
   return static_cast<unsigned>(low != 0 ? __builtin_ctz(low) : 32 + __builtin_ctz(high));
+}
+
+/// Calls `visit` with every place of a text where a word begins and with every one where it ends, in turns.
+template <class Visit>
+void forEachWordEdge(const char* text, std::size_t length, Visit visit)
+{
+  constexpr std::size_t blockSize = 64;
+  std::uint64_t whiteBefore = 1;
+  for (std::size_t at = 0; at < length; at += blockSize) {
+    const std::uint64_t white = vectors().whiteSpace(text + at, length - at);
+    const std::uint64_t edges = white ^ (white << 1 | whiteBefore);
+    whiteBefore = white >> (blockSize - 1);
+    for (const unsigned half : {0u, 32u})
+      for (std::uint32_t left = static_cast<std::uint32_t>(edges >> half); left != 0; left &= left - 1)
+        visit(at + half + static_cast<unsigned>(__builtin_ctz(left)));
+  }
+  if (whiteBefore == 0)
+    visit(length);
 }
 
 /// The places of a text where words begin and end, one after the other. The text must not change meanwhile. Cost: one
@@ -81,12 +73,32 @@ public:
     return edge;
   }
 
+  /// What so many calls of next() do. Edges are counted, and only those of the last block told apart.
+  void skip(std::size_t count) noexcept
+  {
+    while (count > 0 && bitCount(edges) <= count) {
+      count -= bitCount(edges);
+      edges = 0;
+      if (length - block <= blockSize)
+        return;
+      block += blockSize;
+      lookAt(block, 0);
+    }
+    for (; count > 0; --count)
+      edges &= edges - 1;
+  }
+
 private:
   enum : std::size_t { blockSize = 64 };
 
+  static std::size_t bitCount(std::uint64_t mask) noexcept
+  {
+    return static_cast<std::size_t>(__builtin_popcountll(mask));
+  }
+
   void lookAt(std::size_t at, std::uint64_t alsoWhite) noexcept
   {
-    const std::uint64_t white = whiteSpaceMask(text + at, length - at) | alsoWhite;
+    const std::uint64_t white = vectors().whiteSpace(text + at, length - at) | alsoWhite;
     edges = white ^ (white << 1 | lastWasWhite);
     lastWasWhite = white >> (blockSize - 1);
   }

@@ -3,18 +3,54 @@
 // Tests: tests/strings/editing_test.cpp, editing_promises_test.cpp, editing_random_test.cpp
 #include <quelmcl/istring.hpp>
 
+#include "buffers/bytesearch.hpp"
 #include "buffers/editing.hpp"
 #include "buffers/kinds.hpp"
+#include "kernels/bytes.hpp"
 #include "kernels/whitespace.hpp"
 
 #include <cctype>
 
+using quelmcl::detail::ByteSet;
+using quelmcl::detail::findLastMember;
+using quelmcl::detail::findMember;
+using quelmcl::detail::isAsciiLower;
+using quelmcl::detail::isAsciiUpper;
+using quelmcl::detail::isWhiteSpace;
+using quelmcl::detail::nowhere;
+using quelmcl::detail::positionOf;
+
 namespace {
 
-/// What the C library takes for white space. What separates words is that in every locale, and there is hardly more.
-bool isStripped(char byte)
+constexpr ByteSet separators(quelmcl::detail::wordSeparators, quelmcl::detail::wordSeparatorCount);
+constexpr std::size_t near = 8;  // so far white space is stepped over byte by byte; most often there is little of it
+
+/// The offset of the first byte that separates no words, or the length.
+std::size_t firstOther(const char* text, std::size_t length)
 {
-  return quelmcl::detail::isWhiteSpace(byte) || std::isspace(static_cast<signed char>(byte));
+  std::size_t offset = 0;
+  for (; offset < length && offset < near; ++offset)
+    if (!isWhiteSpace(text[offset]))
+      return offset;
+  const std::size_t found = findMember(text + offset, length - offset, separators, false);
+  return found == nowhere ? length : offset + found;
+}
+
+/// The length of the text up to the last such byte.
+std::size_t lengthToLastOther(const char* text, std::size_t length)
+{
+  std::size_t left = length;
+  for (; left > 0 && length - left < near; --left)
+    if (!isWhiteSpace(text[left - 1]))
+      return left;
+  return findLastMember(text, left, separators, false) + 1;  // nowhere makes 0
+}
+
+/// What the C library takes for white space. What separates words is that in every locale, letters and digits in none.
+bool isSpace(char byte)
+{
+  const bool isPlain = isAsciiLower(byte) || isAsciiUpper(byte) || (byte >= '0' && byte <= '9');
+  return !isPlain && std::isspace(static_cast<signed char>(byte));
 }
 
 /// Strips white space. Only our own kind of text is looked at here; another may search in its own way, and is asked to.
@@ -23,17 +59,18 @@ IBuffer* stripWhiteSpace(IBuffer* buffer, IStringEnum::StripMode mode)
   if (!quelmcl::detail::isOwnSingleByte(*buffer))
     return buffer->strip(IStringTest(std::isspace), mode);
   const char* const text = buffer->contents();
+  const unsigned length = buffer->length();
   const auto firstKept = [=] {
-    unsigned pos = 1;
-    while (pos <= buffer->length() && isStripped(text[pos - 1]))
-      ++pos;
-    return pos <= buffer->length() ? pos : 0;
+    std::size_t first = firstOther(text, length);
+    while (first < length && isSpace(text[first]))
+      first += 1 + firstOther(text + first + 1, length - first - 1);
+    return first < length ? positionOf(first) : 0;
   };
   const auto lastKept = [=] {
-    unsigned pos = buffer->length();
-    while (pos > 0 && isStripped(text[pos - 1]))
-      --pos;
-    return pos;
+    std::size_t left = lengthToLastOther(text, length);
+    while (left > 0 && isSpace(text[left - 1]))
+      left = lengthToLastOther(text, left - 1);
+    return static_cast<unsigned>(left);
   };
   return quelmcl::detail::stripEnds(buffer, mode, firstKept, lastKept);
 }

@@ -5,6 +5,7 @@
 #include "buffers/forwardsearch.hpp"
 #include "kernels/whitespace.hpp"
 
+#include <algorithm>
 #include <optional>
 
 namespace quelmcl::detail {
@@ -14,6 +15,12 @@ struct Word {
   unsigned pos;
   unsigned len;
 };
+
+/// Whether the words of a text are told apart by looking at bytes: white space is never a part of a longer character.
+inline bool findsWordsByBytes(const IBuffer& text)
+{
+  return isOwnSingleByte(text) || (isOwnMultiByte(text) && CharacterSet::current().isSelfSynchronizing());
+}
 
 /// Goes over the words of a text from a position on. The buffer must not change meanwhile.
 class WordReader {
@@ -32,15 +39,13 @@ public:
   /// The next word, or position 0 when there is none.
   Word next() { return isOfBytes ? nextOfBytes() : nextOfCharacters(); }
 
-  /// How many words there are from the position given on, when none has been read yet.
-  unsigned long count()
+  /// What so many calls of next() do.
+  void skip(unsigned long count)
   {
-    if (isOfBytes && from == 1)
-      return countWords(text.contents(), text.length());
-    unsigned long count = 0;
-    while (next().pos != 0)
-      ++count;
-    return count;
+    if (isOfBytes)
+      return edges.skip(2 * std::min<std::size_t>(count, text.length() / 2 + 1));
+    while (count > 0 && next().pos != 0)
+      --count;
   }
 
 private:
@@ -72,6 +77,25 @@ private:
   unsigned from;
   WordEdges edges;
 };
+
+/// How many words begin before the position `endPos`, where one begins or the text has ended, and at or behind `startPos`; and how
+/// many bytes they have together.
+inline WordTotals measureWords(const IBuffer& text, unsigned startPos, unsigned endPos)
+{
+  if (findsWordsByBytes(text))
+    return vectors().measureWords(text.contents() + (startPos - 1), endPos - startPos);
+  WordTotals totals = {0, 0};
+  WordReader reader(text, startPos);
+  for (Word word = reader.next(); word.pos != 0 && word.pos < endPos; word = reader.next()) {
+    ++totals.words;
+    totals.bytes += word.len;
+  }
+  return totals;
+}
+inline WordTotals measureWords(const IBuffer& text)
+{
+  return measureWords(text, 1, text.length() + 1);
+}
 
 }  // namespace quelmcl::detail
 

@@ -57,6 +57,8 @@ REVEAL(StringText, char*, IString, pBuffer);
 REVEAL(BuilderBegin, char*, IStringBuilder, textBegin);
 REVEAL(BuilderEnd, char*, IStringBuilder, textEnd);
 REVEAL(BuilderBlockEnd, char*, IStringBuilder, blockEnd);
+REVEAL(WordListText, IString, IWordList, held);
+REVEAL(WordListPlaces, IString, IWordList, places);
 REVEAL(DateNumber, unsigned long, IDate, julian);
 REVEAL(TimeSeconds, long, ITime, ticks);
 REVEAL(SystemErrorTruth, int, ISystemErrorInfo, bClError);
@@ -136,6 +138,18 @@ TEST(StringLayout, AStringIsOnePointerToItsText)
   EXPECT_FALSE(std::is_polymorphic<IString>::value);
   EXPECT_EQ(0u, offsetIn<StringText>(text));
   EXPECT_EQ(static_cast<const char*>(text), wordAt<const char*>(&text));
+}
+
+TEST(StringLayout, AListOfWordsIsTwoStringsThatProgramsReadThrough)
+{
+  const IWordList list("a bcd");
+  EXPECT_EQ(2 * sizeof(IString), sizeof(IWordList));
+  EXPECT_FALSE(std::is_polymorphic<IWordList>::value);
+  EXPECT_EQ(0u, offsetIn<WordListText>(list));
+  EXPECT_EQ(sizeof(void*), offsetIn<WordListPlaces>(list));
+  const char* const places = wordAt<const char*>(reinterpret_cast<const char*>(&list) + sizeof(void*));
+  const unsigned expected[] = {0, 1, 2, 5};
+  EXPECT_EQ(0, std::memcmp(places, expected, sizeof expected));
 }
 
 TEST(StringLayout, ABuilderIsThreePointersThatProgramsAppendThrough)

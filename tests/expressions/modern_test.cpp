@@ -394,6 +394,8 @@ TEST(RangeExpressions, WorkWithAlgorithmsAndViews)
   EXPECT_TRUE(std::ranges::find(s, 'c') == s.begin() + 2);
   EXPECT_EQ(6u, std::ranges::size(s));
   EXPECT_EQ(6, std::ranges::distance(s.characters()));
+  EXPECT_EQ(3, std::ranges::distance(IWordList("a b c")));
+  EXPECT_EQ(3u, std::ranges::size(IWordList("a b c")));
 #  if !defined(__clang__) || \
     __clang_major__ >= 16  // older ones cannot compile the views of this library, whatever the range
   std::string large;

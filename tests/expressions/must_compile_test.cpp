@@ -831,6 +831,19 @@ TEST(AliasingExpressions, ReadTheOldTextToTheEnd)
   EXPECT_EQ("aabc", bytes(s.overlayWith(s, 2)));
 }
 
+TEST(WordListExpressions, GoOverWordsAndTakeTheirNumbers)
+{
+  Operands o;
+  const IWordList words(o.s);
+  EXPECT_TYPE(IWordList::Word, words[1]);
+  EXPECT_EQ("abc", bytes(words[o.sz].text()));
+  EXPECT_TYPE(IString, words[1].text());
+  unsigned length = 0;
+  for (const IWordList::Word word : IWordList("a bc"))
+    length += word.length();
+  EXPECT_EQ(3u, length);
+}
+
 TEST(BuilderExpressions, AppendWhateverAStringCanBeMadeFrom)
 {
   Operands o;

@@ -28,6 +28,12 @@ const std::vector<Operation> textOperations = {
   {"Words", strong, [](World& w) { w.result = w.words.text.words(2, 3); }},
   {"IndexOfPhrase", strong, [](World& w) { REQUIRE_OF(w, w.words.text.indexOfPhrase("5 delta") > 20); }},
   {"WordIndexOfPhrase", strong, [](World& w) { REQUIRE_OF(w, w.words.text.wordIndexOfPhrase("5 delta") == 5); }},
+  {"IndexOfPhraseAlmostEverywhere", strong,
+   [](World& w) {
+     const IString text = IString::copy("a ", 900);
+     REQUIRE_OF(w, text.indexOfPhrase(IString::copy("a ", 100) + "b") == 0);
+   }},
+  {"WordList", strong, [](World& w) { REQUIRE_OF(w, IWordList(w.words.text).count() == 7); }},
   {"RemoveWords", strong, [](World& w) { w.words.text.removeWords(2, 2); }},
   {"RemoveWordsToTheEnd", strong, [](World& w) { w.words.text.removeWords(3); }},
   {"Space", strong, [](World& w) { w.words.text.space(2, '_'); }},

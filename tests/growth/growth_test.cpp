@@ -6,6 +6,7 @@
 #include <quelmcl/istparse.hpp>
 #include <quelmcl/istrbld.hpp>
 #include <quelmcl/istring.hpp>
+#include <quelmcl/istrword.hpp>
 
 #include <gtest/gtest.h>
 
@@ -163,6 +164,8 @@ const Operation operations[] = {
   {"removeWords", linear, repeated<shortWords>, GIVES(IString::removeWords(text, 2, text.length() / 4))},
   {"space", linear, repeated<shortWords>, GIVES(IString::space(text, 3))},
   {"space_of_blanks", linear, repeated<blanks>, GIVES(IString::space(text, 3))},
+  {"space_with_one_between", linear, repeated<shortWords>, GIVES(IString::space(text))},
+  {"list_of_words", linear, repeated<shortWords>, GIVES(IWordList(text).count())},
   {"indexOfPhrase", linear, repeated<someWords>, GIVES(text.indexOfPhrase("and words"))},
   {"wordIndexOfPhrase_of_itself", linear, repeated<someWords>, GIVES(text.wordIndexOfPhrase(text))},
   {"wordIndexOfPhrase_almost_everywhere", linear, repeated<shortWords>,

@@ -15,13 +15,16 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <numeric>
 #include <string>
+#include <vector>
 
 using kerneltests::formsOnThisMachine;
 using kerneltests::nameOfForm;
 using quelmcl::detail::ByteSet;
 using quelmcl::detail::nowhere;
 using quelmcl::detail::Vectors;
+using quelmcl::detail::WordTotals;
 using quelmcl_test::RandomTexts;
 
 namespace {
@@ -55,6 +58,12 @@ private:
 };
 
 constexpr std::size_t longest = 300;
+const char* const whiteSpace = "\t\n\v\f\r ";
+
+bool isSpace(char byte)
+{
+  return byte != '\0' && std::strchr(whiteSpace, byte) != nullptr;
+}
 
 class VectorForms : public testing::TestWithParam<const Vectors*> {
 protected:
@@ -166,9 +175,62 @@ TEST_P(VectorForms, MarkWhiteSpace)
     for (unsigned at = 0; at < 64; ++at) {
       std::string text(64, 'x');
       text[at] = static_cast<char>(byte);
-      const bool isSpace = byte != 0 && std::strchr("\t\n\v\f\r ", byte) != nullptr;
-      ASSERT_EQ(form().whiteSpace(fenced.atEnd(text)), isSpace ? std::uint64_t{1} << at : 0) << byte << " at " << at;
+      const std::uint64_t expected = isSpace(text[at]) ? std::uint64_t{1} << at : 0;
+      ASSERT_EQ(form().whiteSpace(fenced.atEnd(text), text.size()), expected) << byte << " at " << at;
     }
+}
+
+TEST_P(VectorForms, TakeWhatIsBehindATextForWhiteSpace)
+{
+  FOR_TEXTS(text, length)
+  {
+    std::uint64_t expected = 0;
+    for (std::size_t at = 0; at < 64; ++at)
+      expected |= std::uint64_t{at >= length || isSpace(model[at])} << at;
+    EXPECT_EQ(form().whiteSpace(text, length), expected) << length << " at " << place;
+  }
+}
+
+/// The words of a text.
+std::vector<std::string> wordsOf(const std::string& text)
+{
+  std::vector<std::string> words;
+  for (std::size_t end = 0, begin; (begin = text.find_first_not_of(whiteSpace, end)) != std::string::npos;) {
+    end = std::min(text.find_first_of(whiteSpace, begin), text.size());
+    words.push_back(text.substr(begin, end - begin));
+  }
+  return words;
+}
+
+TEST_P(VectorForms, MeasureAndCopyWords)
+{
+  Fenced copies;
+  for (const char* const ofTexts : {"ab\t", "  \t\n\v\f\ra", "abcdefghijklmnopqrstuvwxyz\x80\xFF\x08\x0E ", "a"}) {
+    alphabet = ofTexts;
+    FOR_TEXTS(text, length)
+    {
+      const std::vector<std::string> words = wordsOf(model);
+      const std::string joined = std::accumulate(words.begin(), words.end(), std::string());
+      const WordTotals totals = form().measureWords(text, length);
+      ASSERT_EQ(totals.words, words.size()) << length << " at " << place;
+      ASSERT_EQ(totals.bytes, joined.size()) << length << " at " << place;
+      if (words.empty())
+        continue;
+
+      char* const copy = copies.atEnd(joined);
+      std::memset(copy, '?', joined.size());
+      form().copyWords(text, length, copy, joined.size(), false, '-');
+      ASSERT_EQ(std::string(copy, joined.size()), joined) << length << " at " << place;
+
+      std::string separated = words.front();
+      for (std::size_t i = 1; i < words.size(); ++i)
+        separated += '-' + words[i];
+      char* const inFront = copies.atFront(std::string(separated.size() + 40, '?'), 0);
+      form().copyWords(text, length, inFront, separated.size(), true, '-');
+      ASSERT_EQ(std::string(inFront, separated.size() + 40), separated + std::string(40, '?'))
+        << length << " at " << place;
+    }
+  }
 }
 
 TEST_P(VectorForms, ChangeTheCaseOfAsciiLettersOnly)

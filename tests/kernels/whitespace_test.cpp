@@ -7,7 +7,6 @@
 
 #include <string>
 
-using quelmcl::detail::countWords;
 using quelmcl::detail::WordEdges;
 using quelmcl_test::RandomTexts;
 
@@ -59,24 +58,28 @@ TEST(WordEdges, AreWhereWordsBeginAndEndFromAnyPlaceOn)
   }
 }
 
-TEST(CountWords, CountsWhatFollowsWhiteSpace)
+TEST(WordEdges, ThatAreSkippedAreNotGiven)
 {
   RandomTexts random;
   for (int round = 0; round < 500; ++round) {
     const std::string text = textWithRuns(random);
-    std::size_t count = 0;
-    for (std::size_t at = 0; at < text.size(); ++at)
-      if (whiteSpace.find(text[at]) == std::string::npos &&
-          (at == 0 || whiteSpace.find(text[at - 1]) != std::string::npos))
-        ++count;
-    EXPECT_EQ(countWords(text.data(), text.size()), count) << testing::PrintToString(text);
+    const std::size_t from = random.below(static_cast<unsigned>(text.size() + 1));
+    for (std::size_t skipped = 0; skipped < 20; ++skipped) {
+      WordEdges given(text.data(), text.size(), from);
+      WordEdges stepped = given;
+      given.skip(skipped);
+      for (std::size_t step = 0; step < skipped; ++step)
+        stepped.next();
+      for (int step = 0; step < 20; ++step)
+        ASSERT_EQ(given.next(), stepped.next())
+          << skipped << " from " << from << " of " << testing::PrintToString(text);
+    }
   }
 }
 
 TEST(WordEdges, AreNoneInAnEmptyText)
 {
   EXPECT_EQ(WordEdges("", 0, 0).next(), 0u);
-  EXPECT_EQ(countWords("", 0), 0u);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <quelmcl/i0string.hpp>
 #include <quelmcl/idbcsb.hpp>
 #include <quelmcl/istring.hpp>
+#include <quelmcl/istrword.hpp>
 
 #include <gtest/gtest.h>
 
@@ -330,6 +331,18 @@ TEST_F(StringsHere, WordsAreTakenOut)
     const char filler = random.filler();
     EXPECT_TEXT(IString::space(text, spaces, filler), rules::space(bytes, spaces, filler))
       << shown(bytes) << ' ' << spaces;
+  });
+}
+
+TEST_F(StringsHere, AllWordsAreListed)
+{
+  onManyTexts(rounds, [&](const std::string& bytes) {
+    const IWordList list(made(bytes));
+    EXPECT_EQ(list.count(), rules::numWords(bytes)) << shown(bytes);
+    for (unsigned number = 1; number <= list.count(); ++number) {
+      EXPECT_EQ(list[number].position(), rules::indexOfWord(bytes, number)) << shown(bytes) << ' ' << number;
+      EXPECT_TEXT(list[number].text(), rules::word(bytes, number)) << shown(bytes) << ' ' << number;
+    }
   });
 }
 

@@ -323,6 +323,22 @@ TEST(StringPhrase, ComparesNulsAsBytes)
   EXPECT_EQ(text.indexOfPhrase(made(bytes("a\0d"))), 0u);
 }
 
+TEST(StringPhrase, ThatStandsAlmostEverywhereIsFoundWhereItStands)
+{
+  std::string text = "c ";
+  std::string almost;
+  for (int i = 0; i < 600; ++i) {
+    text += i % 170 == 0 ? "a  b " : "a ";
+    almost += i < 100 ? "a\t" : "";
+  }
+  for (const std::string& phrase : {almost + "b", almost + "c", almost + "a", almost + "aa"})
+    for (const unsigned long startWord : {1ul, 2ul, 200ul, 550ul}) {
+      EXPECT_EQ(made(text).indexOfPhrase(made(phrase), startWord), reference::indexOfPhrase(text, phrase, startWord));
+      EXPECT_EQ(made(text).wordIndexOfPhrase(made(phrase), startWord),
+                reference::wordIndexOfPhrase(text, phrase, startWord));
+    }
+}
+
 TEST(StringPhrase, MayBeTheTextItself)
 {
   const IString text(" a b ");
