@@ -141,6 +141,9 @@ public:
     });
   }
 
+  /// How many characters a text has.
+  unsigned count(const char* text, unsigned textLength) const;
+
   /// Whether an ASCII byte with which a character begins is all of it. In some sets such bytes continue others.
   bool hasWholeAscii() const noexcept { return asciiIsWhole; }
 

@@ -4,6 +4,7 @@
 
 #include "kernels/ascii.hpp"
 #include "kernels/bytes.hpp"
+#include "kernels/utf8.hpp"
 #include "kernels/whitespace.hpp"
 
 #include <algorithm>
@@ -56,6 +57,19 @@ std::size_t asciiPrefixOf(const char* text, std::size_t length) noexcept
   return asciiPrefix(text, length);
 }
 
+std::size_t utf8Continuations(const char* text, std::size_t places, std::size_t length) noexcept
+{
+  std::size_t continuations = 0;
+  std::size_t at = asciiPrefix(text, places);
+  while (at < places) {
+    const unsigned bytes = utf8Length(text + at, length - at);
+    continuations += bytes - 1;
+    at = std::min(at + bytes, places);
+    at += asciiPrefix(text + at, places - at);
+  }
+  return continuations;
+}
+
 std::uint64_t whiteSpace(const char* text) noexcept
 {
   std::uint64_t mask = 0;
@@ -106,6 +120,7 @@ const Vectors portableVectors = {
   firstMember,
   lastMember,
   asciiPrefixOf,
+  utf8Continuations,
   whiteSpace,
   lower,
   upper,
