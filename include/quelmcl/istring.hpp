@@ -669,11 +669,13 @@ protected:
 private:
   friend class IBuffer;
   friend class IStringBuilder;
+  friend QUELMCL_API std::istream& operator>>(std::istream& aStream, IString& aString);
   explicit IString(IBuffer* owned) noexcept : pBuffer(owned->contents()) {}
 
   static char* placeholder();
   static char* emptyText() noexcept;
   static IString unfilled(unsigned textLength);
+  QUELMCL_LOCAL static IString wordFrom(std::istream& aStream, const IBuffer& alike, unsigned mostBytes);
   template <class Number>
   QUELMCL_LOCAL void initDigits(Number number);
   void prepareToChange();
