@@ -213,7 +213,11 @@ public:
       return {offset, 1};
     if (offset < floor)
       standAt(0);
-    return set.isUtf8() ? holdingInUtf8(offset) : walkedTo(offset);
+    if (!set.isUtf8())
+      return walkedTo(offset);
+    const bool endsPair =
+      offset > floor && isUtf8Continuation(text[offset]) && utf8AnnouncedLength(text[offset - 1]) == 2;
+    return endsPair ? Character{offset - 1, 2} : holdingInUtf8(offset);  // mostly one, and not worth a call
   }
 
   /// Whether a character begins at `offset`.
