@@ -175,7 +175,7 @@ std::string utf8Of(RandomTexts& random, std::size_t length)
                                        "\xF8\x87\xBF\xBF\xBF",
                                        "\xFE",
                                        "abcdefghijklmnopqrstuvwxyz"};
-  const unsigned kinds = random.onceIn(2) ? 4 : std::size(pieces);
+  const unsigned kinds = random.onceIn(2) ? 4 : static_cast<unsigned>(std::size(pieces));
   std::string text;
   while (text.size() < length) {
     text += pieces[random.below(kinds)];
