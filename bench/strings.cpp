@@ -149,7 +149,7 @@ const bool all[] = {
 
   insert.contender("quelmcl",
                    [](const std::string& data) {
-                     return [text = stringOf(data), n = half(data)] { return IString::insert(text, "inserted", n); };
+                     return [text = stringOf(data), n = half(data)] { return IString(text).insert("inserted", n); };
                    }),
   insert.contender("std::string",
                    [](const std::string& data) {

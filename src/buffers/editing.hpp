@@ -3,7 +3,7 @@
 #ifndef QUELMCL_SRC_BUFFERS_EDITING_HPP
 #define QUELMCL_SRC_BUFFERS_EDITING_HPP
 
-#include <quelmcl/ibuffer.hpp>
+#include "buffers/pieces.hpp"
 
 namespace quelmcl::detail {
 
@@ -13,13 +13,7 @@ inline IBuffer* editable(IBuffer* buffer)
 {
   if (buffer->useCount() < 2)
     return buffer->addRef();
-  return buffer->newBuffer(buffer->contents(), buffer->length(), nullptr, 0, nullptr, 0, 0);
-}
-
-/// A new buffer of the kind that `model` allocates, its text still to be filled in, or the null buffer for no text.
-inline IBuffer* unfilled(const IBuffer& model, unsigned length)
-{
-  return length == 0 ? model.null()->addRef() : model.allocate(length);
+  return newBufferOf(*buffer, buffer->contents(), buffer->length());
 }
 
 /// Strips with the two searches that say where the first and the last character to keep are.
@@ -35,7 +29,7 @@ IBuffer* stripEnds(IBuffer* buffer, IStringEnum::StripMode mode, FirstKept first
   const unsigned last = mode == IStringEnum::leading ? length : lastKept();
   if (first == 1 && last == length)
     return buffer->addRef();
-  return buffer->newBuffer(buffer->contents() + (first - 1), last - (first - 1), nullptr, 0, nullptr, 0, 0);
+  return newBufferOf(*buffer, buffer->contents() + (first - 1), last - (first - 1));
 }
 
 }  // namespace quelmcl::detail

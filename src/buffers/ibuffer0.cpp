@@ -5,6 +5,7 @@
 #include <quelmcl/idbcsb.hpp>
 #include <quelmcl/istring.hpp>
 
+#include "buffers/blocks.hpp"
 #include "buffers/kinds.hpp"
 #include "buffers/pieces.hpp"
 #include "exceptions/throwing.hpp"
@@ -91,12 +92,12 @@ void* IBuffer::operator new(std::size_t size, unsigned newLen)
                 "the size of the longest text's block must not wrap around");
   if (newLen > longestText)
     overflow();
-  return ::operator new(std::max(size, offsetOfText + std::size_t{newLen} + 1));
+  return quelmcl::detail::takeBlock(std::max(size, offsetOfText + std::size_t{newLen} + 1));
 }
 
 void IBuffer::operator delete(void* block) noexcept
 {
-  ::operator delete(block);
+  quelmcl::detail::giveBlock(block);
 }
 
 IBuffer* IBuffer::allocate(unsigned newLen) const

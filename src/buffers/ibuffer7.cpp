@@ -5,16 +5,20 @@
 
 #include "buffers/bytesearch.hpp"
 #include "buffers/editing.hpp"
-#include "buffers/forwardsearch.hpp"
 #include "buffers/kinds.hpp"
+#include "buffers/occurrences.hpp"
+#include "buffers/pieces.hpp"
 #include "kernels/bytes.hpp"
+#include "kernels/shortbytes.hpp"
 
 #include <algorithm>
 #include <cstring>
 #include <functional>
 #include <memory>
 
+using quelmcl::detail::copyBytes;
 using quelmcl::detail::editable;
+using quelmcl::detail::newBufferOf;
 using quelmcl::detail::stripEnds;
 using quelmcl::detail::unfilled;
 
@@ -72,7 +76,7 @@ IBuffer* IBuffer::center(unsigned newLength, char padCharacter)
 
   if (newLength < len) {
     const unsigned cutLeft = (len - newLength) >> 1;  // an odd surplus loses its extra byte on the right
-    return newBuffer(contents() + cutLeft, newLength, nullptr, 0, nullptr, 0, padCharacter);
+    return newBufferOf(*this, contents() + cutLeft, newLength);
   }
 
   const unsigned pad = newLength - len;
@@ -201,73 +205,6 @@ IBuffer* IBuffer::strip(const IStringTest& aTest, IStringEnum::StripMode mode)
 
 namespace {
 
-/// The occurrences of a pattern in a buffer, one after the other. They do not overlap. What stands before the end of
-/// the occurrence found last but one may be written over meanwhile.
-class Occurrences {
-public:
-  Occurrences(const IBuffer& searched, const char* pPattern, unsigned length, unsigned startPos, unsigned limit)
-    : search(searched), pattern(pPattern), patternLength(length), from(startPos), left(limit)
-  {
-  }
-
-  /// The position of the next occurrence, or 0 when there is none or enough were found.
-  unsigned next()
-  {
-    if (left == 0)
-      return 0;
-    --left;
-    const unsigned found = search.indexOf(pattern, patternLength, from);
-    if (found == 0)
-      left = 0;
-    from = found + patternLength;
-    return found;
-  }
-
-  /// The next one is that of another search for the same, which has come at least as far.
-  void goOnAs(const Occurrences& other)
-  {
-    from = other.from;
-    left = other.left;
-  }
-
-private:
-  quelmcl::detail::ForwardSearch search;
-  const char* pattern;
-  unsigned patternLength;
-  unsigned from;
-  unsigned left;
-};
-
-/// All the occurrences, counted; so many as have room are noted meanwhile, the others searched for once more.
-class CountedOccurrences {
-public:
-  CountedOccurrences(Occurrences counting, unsigned first) : places{first}, all(1), behindNotes(counting)
-  {
-    for (unsigned pos = counting.next(); pos != 0; pos = counting.next()) {
-      if (all < noted)
-        places[all] = pos;
-      if (++all == noted)
-        behindNotes.goOnAs(counting);
-    }
-  }
-
-  unsigned count() const { return all; }
-  /// As of Occurrences, from the first one on.
-  unsigned next()
-  {
-    if (read < noted)
-      return read < all ? places[read++] : 0;
-    return behindNotes.next();
-  }
-
-private:
-  enum : unsigned { noted = 64 };
-  unsigned places[noted];
-  unsigned all;
-  unsigned read = 0;
-  Occurrences behindNotes;  // goes on where the notes end
-};
-
 unsigned changedLength(unsigned length, unsigned count, unsigned patternLen, unsigned replacementLen)
 {
   if (replacementLen <= patternLen)
@@ -284,7 +221,7 @@ IBuffer* IBuffer::change(const char* pPattern, unsigned patternLen, const char* 
 {
   const StableText pattern(pPattern, patternLen, *this);
   const StableText replacement(pReplacement, replacementLen, *this);
-  Occurrences counting(*this, pattern.get(), patternLen, startPos, numChanges);
+  quelmcl::detail::Occurrences counting(*this, pattern.get(), patternLen, startPos, numChanges);
   const unsigned first = counting.next();
   if (first == 0)
     return addRef();
@@ -294,25 +231,21 @@ IBuffer* IBuffer::change(const char* pPattern, unsigned patternLen, const char* 
     for (unsigned pos = first; pos != 0;) {
       char* const place = result->contents() + (pos - 1);
       pos = counting.next();  // before anything is written here: the search may look at the pattern once more
-      std::memcpy(place, replacement.get(), replacementLen);
+      copyBytes(place, replacement.get(), replacementLen);
     }
     return result;
   }
 
-  CountedOccurrences places(counting, first);
+  quelmcl::detail::CountedOccurrences places(counting, first);
   IBuffer* const result = unfilled(*this, changedLength(len, places.count(), patternLen, replacementLen));
   char* end = result->contents();
-  const auto append = [&end](const char* text, unsigned length) {
-    if (length > 0)
-      std::memcpy(end, text, length);
-    end += length;
-  };
   unsigned done = 0;
-  for (unsigned pos = places.next(); pos != 0; pos = places.next()) {
-    append(contents() + done, pos - 1 - done);
-    append(replacement.get(), replacementLen);
-    done = pos - 1 + patternLen;
+  for (unsigned i = 0; i < places.count(); ++i) {
+    const unsigned before = places[i] - 1;
+    end = copyBytes(end, contents() + done, before - done);
+    end = copyBytes(end, replacement.get(), replacementLen);
+    done = before + patternLen;
   }
-  append(contents() + done, len - done);
+  copyBytes(end, contents() + done, len - done);
   return result;
 }

@@ -15,6 +15,7 @@ using quelmcl::detail::asciiBlock;
 using quelmcl::detail::ByteMap;
 using quelmcl::detail::CharacterSet;
 using quelmcl::detail::CharacterWalk;
+using quelmcl::detail::newBufferOf;
 using quelmcl::detail::nowhere;
 using quelmcl::detail::Repair;
 using quelmcl::detail::reverseAsciiBlocks;
@@ -30,7 +31,7 @@ IBuffer* IDBCSBuffer::center(unsigned newLength, char padCharacter)
   const unsigned cutLeft = (len - newLength) >> 1;
   CharacterWalk walk(CharacterSet::current(), contents());
   const unsigned kept = static_cast<unsigned>(walk.holding(cutLeft).offset);
-  IBuffer* const result = newBuffer(contents() + kept, newLength, nullptr, 0, nullptr, 0, padCharacter);
+  IBuffer* const result = newBufferOf(*this, contents() + kept, newLength);
   Repair(*this, result).cutAtEnd(kept + newLength, newLength, newLength, padCharacter);
   return result;
 }
@@ -168,7 +169,7 @@ IBuffer* IDBCSBuffer::translate(const char* pInputChars, unsigned inputLen, cons
   const CharacterSet set = CharacterSet::current();
   const Translation table(set, pInputChars, inputLen, pOutputChars, outputLen, padCharacter);
   if (table.isOfBytes()) {
-    IBuffer* const result = newBuffer(contents(), len, nullptr, 0, nullptr, 0, 0);
+    IBuffer* const result = newBufferOf(*this, contents(), len);
     ByteMap(pInputChars, inputLen, pOutputChars, outputLen, padCharacter).apply(result->contents(), len);
     return result;
   }
@@ -181,7 +182,7 @@ IBuffer* IDBCSBuffer::translate(const char* pInputChars, unsigned inputLen, cons
   };
 
   if (table.keepsLengths()) {
-    IBuffer* const result = newBuffer(contents(), len, nullptr, 0, nullptr, 0, 0);
+    IBuffer* const result = newBufferOf(*this, contents(), len);
     forEachTranslated([&](const char* p, const transTable& entry) {
       copyCharacter(entry.out, entry.outLen, result->contents() + (p - contents()));
     });

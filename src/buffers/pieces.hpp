@@ -2,6 +2,8 @@
 #ifndef QUELMCL_SRC_BUFFERS_PIECES_HPP
 #define QUELMCL_SRC_BUFFERS_PIECES_HPP
 
+#include <quelmcl/ibuffer.hpp>
+
 #include <cstring>
 
 namespace quelmcl::detail {
@@ -19,6 +21,21 @@ inline char* writePiece(char* place, const void* piece, unsigned length, char pa
   else
     std::memcpy(place, piece, length);
   return place + length;
+}
+
+/// A new buffer of the kind that `model` allocates, its text still to be filled in, or the null buffer for no text.
+inline IBuffer* unfilled(const IBuffer& model, unsigned length)
+{
+  return length == 0 ? model.null()->addRef() : model.allocate(length);
+}
+
+/// The same with a copy of the `length` bytes at `bytes`: newBuffer() for what most buffers are made of, one piece.
+inline IBuffer* newBufferOf(const IBuffer& model, const void* bytes, unsigned length)
+{
+  IBuffer* const made = unfilled(model, length);
+  if (length > 0)
+    std::memcpy(made->contents(), bytes, length);
+  return made;
 }
 
 }  // namespace quelmcl::detail

@@ -3,6 +3,7 @@
 #include <quelmcl/ibase.hpp>
 #include <quelmcl/imsgtext.hpp>
 
+#include "exceptions/catalogguard.hpp"
 #include "exceptions/quietstorage.hpp"
 #include "exceptions/startup.hpp"
 #include "foundation/errnoguard.hpp"
@@ -16,6 +17,7 @@ QUELMCL_KEEP_START_UP
 
 using quelmcl::detail::copyText;
 using quelmcl::detail::ErrnoGuard;
+using quelmcl::detail::isDamagedCatalog;
 using quelmcl::detail::NewHandlerPause;
 using quelmcl::detail::releaseText;
 
@@ -25,11 +27,19 @@ const char fallbackText[] = "Unable to load text from message file.";
 const char catalogVariable[] = "KOLTA MSGFILE";
 const char defaultCatalog[] = "quelmcl.cat";
 
-/// A message catalog of the C library, open for the length of a block.
+/// A message catalog of the C library, open for the length of a block; without messages when it is damaged.
 class Catalog {
 public:
-  explicit Catalog(const char* fileName) noexcept : descriptor(catopen(fileName, 0)) {}
-  ~Catalog() { catclose(descriptor); }
+  explicit Catalog(const char* fileName) noexcept : isSound(!isDamagedCatalog(fileName)), descriptor()
+  {
+    if (isSound)
+      descriptor = catopen(fileName, 0);
+  }
+  ~Catalog()
+  {
+    if (isSound)
+      catclose(descriptor);
+  }
   Catalog(const Catalog&) = delete;
   Catalog& operator=(const Catalog&) = delete;
 
@@ -37,10 +47,13 @@ public:
   const char* message(unsigned long messageId) const noexcept
   {
     constexpr int messageSet = 1;
-    return messageId > INT_MAX ? nullptr : catgets(descriptor, messageSet, static_cast<int>(messageId), nullptr);
+    if (!isSound || messageId > INT_MAX)
+      return nullptr;
+    return catgets(descriptor, messageSet, static_cast<int>(messageId), nullptr);
   }
 
 private:
+  const bool isSound;
   nl_catd descriptor;
 };
 

@@ -5,11 +5,20 @@
 #include "kernels/vectors.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace quelmcl::detail {
 
 namespace {
+
+/// What stands for each byte when nothing is translated.
+constexpr std::array<char, 256> unchanged = [] {
+  std::array<char, 256> all{};
+  for (std::size_t byte = 0; byte < all.size(); ++byte)
+    all[byte] = static_cast<char>(byte);
+  return all;
+}();
 
 using Combine = void (*)(char* text, const char* other, std::size_t length) noexcept;
 
@@ -56,9 +65,8 @@ void complementBytes(const char* from, std::size_t length, char* to) noexcept
 ByteMap::ByteMap(const char* input, std::size_t inputLength, const char* output, std::size_t outputLength,
                  char pad) noexcept
 {
-  for (std::size_t byte = 0; byte < sizeof map; ++byte)
-    map[byte] = static_cast<char>(byte);
-  for (std::size_t i = inputLength; i > 0; --i)  // backwards, so that the first place of a byte is noted last
+  std::memcpy(map, unchanged.data(), sizeof map);  // a loop would cost more than a short text
+  for (std::size_t i = inputLength; i > 0; --i)    // backwards, so that the first place of a byte is noted last
     map[static_cast<unsigned char>(input[i - 1])] = i <= outputLength ? output[i - 1] : pad;
 }
 

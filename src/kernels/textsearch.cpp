@@ -10,7 +10,7 @@ std::size_t findText(const char* text, std::size_t length, const char* needle, s
   if (places == 0)
     return nowhere;
   // Most searches end with the first place that begins and ends as the needle does, or with none.
-  const std::size_t likely = Forward::nextPlace(text, places, 0, needle, needleLength);
+  const std::size_t likely = Forward::firstPlace(text, places, 0, needle, needleLength);
   if (likely == nowhere || isAt(text + likely, needle, needleLength))
     return likely;
   const std::size_t passed = likely + 1;

@@ -3,6 +3,7 @@
 #ifndef QUELMCL_SRC_KERNELS_TEXTSEARCH_HPP
 #define QUELMCL_SRC_KERNELS_TEXTSEARCH_HPP
 
+#include "kernels/shortbytes.hpp"
 #include "kernels/vectors.hpp"
 
 #include <algorithm>
@@ -20,7 +21,7 @@ inline std::size_t placesToBegin(std::size_t length, std::size_t needleLength) n
 /// Whether a needle stands at `place`, where its first and its last byte are known to stand.
 inline bool isAt(const char* place, const char* needle, std::size_t needleLength) noexcept
 {
-  return needleLength <= 2 || std::memcmp(place + 1, needle + 1, needleLength - 2) == 0;
+  return needleLength <= 2 || areSame(place + 1, needle + 1, needleLength - 2);
 }
 
 /// Searching from the front: the text is read from its first byte to its last.
@@ -40,14 +41,45 @@ struct Forward {
 
   /// How many places must be passed, at least `passed`, until one begins with the needle's first byte and ends with its
   /// last; nowhere when none does.
-  static std::size_t nextPlace(const char* text, std::size_t places, std::size_t passed, const char* needle,
-                               std::size_t needleLength) noexcept
+  static std::size_t firstPlace(const char* text, std::size_t places, std::size_t passed, const char* needle,
+                                std::size_t needleLength) noexcept
   {
     if (needleLength > 1)
       return vectors().firstPair(text, places, passed, needle[0], needle[needleLength - 1], needleLength - 1);
     const void* const found = std::memchr(text + passed, static_cast<unsigned char>(*needle), places - passed);
     return found == nullptr ? nowhere : static_cast<std::size_t>(static_cast<const char*>(found) - text);
   }
+
+  /// The same for one place after the other: `passed` does not decrease. Where they are close together, 64 of them are
+  /// looked at at once.
+  std::size_t nextPlace(const char* text, std::size_t places, std::size_t passed, const char* needle,
+                        std::size_t needleLength) noexcept
+  {
+    if (passed < window + windowSize)
+      candidates &= ~std::uint64_t{0} << (passed - window);
+    else
+      candidates = 0;
+    if (candidates != 0)
+      return window + static_cast<unsigned>(__builtin_ctzll(candidates));
+
+    const std::size_t begin = std::max(passed, openedTo);
+    if (begin >= places)
+      return nowhere;
+    const std::size_t place = firstPlace(text, places, begin, needle, needleLength);
+    const bool isClose = place - begin < windowSize;
+    if (place != nowhere && isClose && places - place >= windowSize) {
+      window = place;
+      openedTo = place + windowSize;
+      candidates = vectors().pairs(text + place, needle[0], needle[needleLength - 1], needleLength - 1);
+    }
+    return place;
+  }
+
+private:
+  static constexpr std::size_t windowSize = 64;
+  std::size_t window = 0;        // where the candidates begin
+  std::size_t openedTo = 0;      // all candidates before are known
+  std::uint64_t candidates = 0;  // a bit for each place of the window
 };
 
 /// Searching from the back: the text is read from its last byte to its first, so that its last occurrence comes first.
@@ -63,8 +95,8 @@ struct Backward {
 
   static std::size_t placeAfter(std::size_t passed, std::size_t places) noexcept { return places - 1 - passed; }
 
-  static std::size_t nextPlace(const char* text, std::size_t places, std::size_t passed, const char* needle,
-                               std::size_t needleLength) noexcept
+  std::size_t nextPlace(const char* text, std::size_t places, std::size_t passed, const char* needle,
+                        std::size_t needleLength) const noexcept
   {
     const std::size_t found =
       vectors().lastPair(text, places - passed, needle[0], needle[needleLength - 1], needleLength - 1);
@@ -190,7 +222,7 @@ public:
   std::size_t next() noexcept
   {
     while (!linear && passed < places) {
-      passed = Direction::nextPlace(text, places, passed, needle, needleLength);
+      passed = direction.nextPlace(text, places, passed, needle, needleLength);
       if (passed == nowhere)
         return nowhere;
       const std::size_t offset = Direction::placeAfter(passed++, places);
@@ -226,6 +258,7 @@ private:
     return offset;
   }
 
+  Direction direction;
   const char* text;
   const char* needle;
   std::size_t needleLength;

@@ -29,6 +29,14 @@ std::size_t firstPair(const char* text, std::size_t places, std::size_t begin, c
   return nowhere;
 }
 
+std::uint64_t pairs(const char* text, char first, char last, std::size_t distance) noexcept
+{
+  std::uint64_t found = 0;
+  for (unsigned i = 0; i < 64; ++i)
+    found |= std::uint64_t{text[i] == first && text[i + distance] == last} << i;
+  return found;
+}
+
 std::size_t lastPair(const char* text, std::size_t places, char first, char last, std::size_t distance) noexcept
 {
   for (std::size_t left = places; left > 0;) {
@@ -116,6 +124,7 @@ void bitExclusiveOr(char* text, const char* other, std::size_t length) noexcept
 const Vectors portableVectors = {
   Instructions::portable,
   firstPair,
+  pairs,
   lastPair,
   firstMember,
   lastMember,

@@ -20,6 +20,8 @@ struct Vectors {
   /// when there is none. All places with what is behind them are in the text.
   std::size_t (*firstPair)(const char* text, std::size_t places, std::size_t begin, char first, char last,
                            std::size_t distance) noexcept;
+  /// For each of 64 places, the first in the lowest bit, whether it is such a one.
+  std::uint64_t (*pairs)(const char* text, char first, char last, std::size_t distance) noexcept;
   /// The last such place of `places`.
   std::size_t (*lastPair)(const char* text, std::size_t places, char first, char last, std::size_t distance) noexcept;
 

@@ -23,8 +23,8 @@ using Wide = Vector256;
 }  // namespace
 
 const Vectors avx2Vectors = {
-  Instructions::avx2, firstPair, lastPair, firstMember, lastMember, asciiPrefixOf, utf8Continuations,
-  whiteSpace,         lower,     upper,    reverse,     bitAnd,     bitOr,         bitExclusiveOr,
+  Instructions::avx2, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf,  utf8Continuations,
+  whiteSpace,         lower,     upper, reverse,  bitAnd,      bitOr,      bitExclusiveOr,
 };
 
 }  // namespace quelmcl::detail

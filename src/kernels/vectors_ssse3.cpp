@@ -22,8 +22,8 @@ using Wide = Vector128;
 }  // namespace
 
 const Vectors ssse3Vectors = {
-  Instructions::ssse3, firstPair, lastPair, firstMember, lastMember, asciiPrefixOf, utf8Continuations,
-  whiteSpace,          lower,     upper,    reverse,     bitAnd,     bitOr,         bitExclusiveOr,
+  Instructions::ssse3, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf,  utf8Continuations,
+  whiteSpace,          lower,     upper, reverse,  bitAnd,      bitOr,      bitExclusiveOr,
 };
 
 }  // namespace quelmcl::detail

@@ -164,7 +164,7 @@ IString IStringBuilder::asString() const
     return IString();
   if (!ownsText())
     return IString(buffer()->addRef());
-  return IString(buffer()->newBuffer(textBegin, length(), nullptr, 0, nullptr, 0, ' '));
+  return IString(quelmcl::detail::newBufferOf(*buffer(), textBegin, length()));
 }
 
 IString IStringBuilder::asDebugInfo() const

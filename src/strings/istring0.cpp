@@ -4,6 +4,7 @@
 #include <quelmcl/istrbld.hpp>
 #include <quelmcl/istring.hpp>
 
+#include "buffers/pieces.hpp"
 #include "foundation/address.hpp"
 #include "foundation/errnoguard.hpp"
 #include "strings/numbertext.hpp"
@@ -184,7 +185,7 @@ IString& IString::adopt(IBuffer* edited) noexcept
 void IString::prepareToChange()
 {
   if (buffer()->useCount() >= 2)
-    adopt(buffer()->newBuffer(pBuffer, length(), nullptr, 0, nullptr, 0, 0));
+    adopt(quelmcl::detail::newBufferOf(*buffer(), pBuffer, length()));
 }
 
 // ---- construction ----
@@ -235,7 +236,10 @@ IString::IString(unsigned char character) : IString(&character, 1u) {}
 
 IString::IString(signed char character) : IString(&character, 1u) {}
 
-IString::IString(const char* text) : IString(text, lengthOf(text)) {}
+IString::IString(const char* text) : pBuffer(placeholder())
+{
+  setBuffer(quelmcl::detail::newBufferOf(*buffer(), text, lengthOf(text)));
+}
 
 IString::IString(const unsigned char* text) : IString(reinterpret_cast<const char*>(text)) {}
 

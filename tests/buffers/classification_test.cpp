@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <ctype.h>
 
 #include <string>
@@ -70,6 +71,29 @@ TEST_P(CharacterClass, IsThatOfTheCLibraryForEveryByte)
     const std::string text(1, static_cast<char>(byte));
     EXPECT_EQ(answer(text), expectedFor(GetParam(), text) ? 1 : 0) << quelmcl_test::quoted(text);
   }
+}
+
+TEST_P(CharacterClass, IsThatOfEveryLocaleOfThisMachine)
+{
+  const std::string before = std::setlocale(LC_ALL, nullptr);
+  unsigned locales = 0;
+  for (const char* const name : {"C", "C.UTF-8", "de_DE.UTF-8", "de_DE.ISO-8859-1", "ja_JP.SJIS", "ja_JP.EUC-JP",
+                                 "zh_CN.GB18030", "zh_TW.BIG5"}) {
+    if (std::setlocale(LC_ALL, name) == nullptr)
+      continue;
+    ++locales;
+    for (int byte = 0x80; byte < 0x100; ++byte) {
+      const std::string text(1, static_cast<char>(byte));
+      const Owned buffer(SingleByteBuffer::holding(text));
+      const Owned ofTheProcess(ofThisProcess(text));
+      const int expected = expectedFor(GetParam(), text) ? 1 : 0;
+      EXPECT_EQ(((*buffer).*GetParam().question)(), expected) << name << ' ' << quelmcl_test::quoted(text);
+      EXPECT_EQ(((*ofTheProcess).*GetParam().question)(), expected) << name << ' ' << quelmcl_test::quoted(text);
+      EXPECT_EQ((IBuffer::fromContents(IString(text.c_str()))->*GetParam().question)(), expected) << name;
+    }
+  }
+  std::setlocale(LC_ALL, before.c_str());
+  EXPECT_GE(locales, 8u);
 }
 
 TEST_P(CharacterClass, NeedsEveryByteOfTheText)

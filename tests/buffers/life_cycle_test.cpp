@@ -80,6 +80,15 @@ TEST(Buffer, IsOneBlockThatIsGivenBack)
   EXPECT_EQ(watch.liveBlocks(), 0);
 }
 
+TEST(Buffer, AsksAProgramsOwnOperatorNewForEachBlock)
+{
+  AllocationWatch watch;
+  for (int made = 0; made < 10; ++made)
+    SingleByteBuffer::holding("abc")->removeRef();
+  EXPECT_EQ(watch.allocations(), 10u);
+  EXPECT_EQ(watch.liveBlocks(), 0);
+}
+
 TEST(Buffer, KeepsItsTextInItsOwnBlock)
 {
   const Owned buffer(SingleByteBuffer::holding("abc"));

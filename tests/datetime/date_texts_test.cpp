@@ -11,9 +11,11 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cstdio>
 #include <langinfo.h>
 #include <sstream>
 #include <string>
+#include <vector>
 
 using datetests::Zone;
 
@@ -300,6 +302,29 @@ TEST(DateText, NoZoneMovesTheDay)
     expectMidnightOfEachDay(IDate(IDate::January, 1, 1945), 366);
     expectMidnightOfEachDay(IDate(IDate::December, 1, 1899), 62);
     expectMidnightOfEachDay(IDate(IDate::January, 1, 2050), 365);
+  }
+}
+
+TEST(DateText, NoZoneOfTheDatabaseMovesTheDay)
+{
+  const std::vector<std::string> zones = Zone::allKnown();
+  if (zones.size() < 300)
+    QUELMCL_END_FOR_LACK_OF("tzdata");
+  // The last Sunday of March and of October, when most zones set their clocks; days when some did at midnight; old ones.
+  const IDate days[] = {
+    IDate(IDate::March, 31, 2024),    IDate(IDate::October, 27, 2024), IDate(IDate::October, 15, 2017),
+    IDate(IDate::March, 12, 2017),    IDate(IDate::January, 1, 1970),  IDate(IDate::January, 1, 1912),
+    IDate(IDate::December, 30, 2011), IDate(IDate::July, 14, 1789),    IDate(IDate::June, 1, 2100)};
+  for (const std::string& name : zones) {
+    const Zone zone(name.c_str());
+    for (const IDate& date : days)
+      for (const int day : {-1, 0, 1}) {
+        char expected[32];
+        const IDate near = date + day;
+        std::snprintf(expected, sizeof expected, "%04d-%02d-%02d 00:00:00", near.year(),
+                      static_cast<int>(near.monthOfYear()), near.dayOfMonth());
+        ASSERT_STREQ(near.asString("%Y-%m-%d %H:%M:%S"), expected) << name;
+      }
   }
 }
 

@@ -7,8 +7,11 @@
 
 #include <climits>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <memory>
+#include <random>
 #include <string>
 #include <unistd.h>
 
@@ -182,6 +185,85 @@ TEST(MessageTextFallback, ForAFileThatIsNoCatalog)
 {
   const CatalogFile file(std::string(10000, '%'));
   EXPECT_STREQ(IMessageText(1, file.path.c_str()).text(), unavailable);
+}
+
+/// The bytes of a sound catalog.
+std::string soundCatalog()
+{
+  std::ifstream file(variables, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+/// Reads some messages. What a damaged catalog answers is its own affair; that a text comes of it is not.
+void expectTexts(const std::string& catalog)
+{
+  const CatalogFile file(catalog);
+  for (const unsigned long number : {1ul, 2ul, 12ul, 9999ul})
+    EXPECT_NE(IMessageText(number, file.path.c_str(), "one", "two").text(), nullptr);
+}
+
+TEST(MessageTextFallback, ForACatalogThatIsCutOffAnywhere)
+{
+  const std::string sound = soundCatalog();
+  ASSERT_GT(sound.size(), 100u);
+  for (std::size_t length = 0; length < sound.size(); ++length)
+    expectTexts(sound.substr(0, length));
+}
+
+TEST(MessageTextFallback, ForALargeCatalogThatIsCutOffWithinItsTables)
+{
+  // 400 times 4 entries: the tables end behind the first pages of memory, where nothing is when the file ends before.
+  const std::string header("\xDE\x08\x04\x96\x90\x01\0\0\x04\0\0\0", 12);
+  for (const std::size_t length : {12u, 13u, 100u, 4095u, 4096u, 4097u, 8192u, 38411u, 38412u}) {
+    const CatalogFile file(header + std::string(length - header.size(), '\0'));
+    EXPECT_STREQ(IMessageText(1, file.path.c_str()).text(), unavailable) << length;
+  }
+}
+
+TEST(MessageTextFallback, ForACatalogWithEmptyTables)
+{
+  std::string sound = soundCatalog();
+  for (const std::size_t place : {4u, 8u}) {  // the two sizes of the tables
+    std::string damaged = sound;
+    damaged.replace(place, 4, 4, '\0');
+    const CatalogFile file(damaged);
+    EXPECT_STREQ(IMessageText(1, file.path.c_str()).text(), unavailable);
+  }
+}
+
+TEST(MessageTextFallback, ForADamagedCatalogAlongThePathForCatalogs)
+{
+  const CatalogFile file(soundCatalog().substr(0, 200));
+  const std::size_t slash = file.path.rfind('/');
+  const std::string folder = file.path.substr(0, slash);
+  const std::string name = file.path.substr(slash + 1);
+  const char* const before = std::getenv("NLSPATH");
+  const std::string kept = before == nullptr ? "" : before;
+  for (const std::string& path :
+       {folder + "/%N", "/nowhere/%L/%l/%t/%c/%N:" + folder + "/%N", folder + "/%N:/nowhere"}) {
+    setenv("NLSPATH", path.c_str(), 1);
+    EXPECT_STREQ(IMessageText(1, name.c_str()).text(), unavailable) << path;
+  }
+  setenv("NLSPATH", kept.c_str(), 1);
+}
+
+TEST(MessageTextFallback, ForACatalogWithBytesOfChance)
+{
+  const std::string sound = soundCatalog();
+  std::mt19937 random(8);
+  for (int round = 0; round < 3000; ++round) {
+    std::string damaged = sound;
+    for (unsigned changes = 1 + random() % 4; changes != 0; --changes)
+      damaged[random() % (round % 2 == 0 ? 24 : sound.size())] = static_cast<char>(random());
+    expectTexts(damaged);
+  }
+  for (int round = 0; round < 300; ++round) {
+    std::string noise(random() % 2000, ' ');
+    for (char& byte : noise)
+      byte = static_cast<char>(random());
+    expectTexts(noise);
+    expectTexts(sound.substr(0, 12) + noise);
+  }
 }
 
 TEST(MessageTextFallback, ForACatalogWithoutTheSet)

@@ -13,6 +13,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -102,6 +103,13 @@ TEST_P(VectorForms, FindThePlacesOfPairs)
       EXPECT_EQ(form().firstPair(text, places, begin, first, last, distance), expectedFirst)
         << length << " bytes at " << place << " from " << begin << ", " << distance << " apart";
       EXPECT_EQ(form().lastPair(text, places, first, last, distance), expectedLast)
+        << length << " bytes at " << place << ", " << distance << " apart";
+      if (places < 64)
+        continue;
+      std::uint64_t expectedPairs = 0;
+      for (unsigned at = 0; at < 64; ++at)
+        expectedPairs |= std::uint64_t{model[at] == first && model[at + distance] == last} << at;
+      EXPECT_EQ(form().pairs(text, first, last, distance), expectedPairs)
         << length << " bytes at " << place << ", " << distance << " apart";
     }
   }

@@ -88,6 +88,32 @@ TEST_P(StaticObjects, ReportNothingWhileTheTraceIsOff)
 INSTANTIATE_TEST_SUITE_P(Shared, StaticObjects, testing::Values(QUELMCL_STARTUP_FOLDER "/startup_lifetime"));
 INSTANTIATE_TEST_SUITE_P(Static, StaticObjects, testing::Values(QUELMCL_STARTUP_FOLDER "/startup_lifetime_static"));
 
+// ---- strings and dates of a program's own that live as long as the process ----
+
+class GlobalStrings : public testing::TestWithParam<const char*> {};
+
+TEST_P(GlobalStrings, LiveLongerThanTheLibrarysOwnObjects)
+{
+  const ChildProcess child = runChild({GetParam()});
+  EXPECT_EQ(child.out,
+            "LAUSU|CHILD|2024-03-01|13:14:15|0|1011\n"
+            "child 7\n"
+            "USUAL|PARENT|2024-03-01|13:14:15|0|1011\n"
+            "EARLY|MAIN|2024-03-01|13:14:15|0|1011\n"
+            "USUAL|ATEXIT|2024-03-01|13:14:15|0|1011\n"
+            "USUAL|ENDS|2024-03-01|13:14:15|0|1011\n"
+            "REGISTERED|LAST|2024-03-01|13:14:15|0|1011\n"
+            "REGISTERED|ENDS|2024-03-01|13:14:15|0|1011\n"
+            "EARLY|ENDS|2024-03-01|13:14:15|0|1011\n");
+  EXPECT_EQ(child.status, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shared, GlobalStrings, testing::Values(QUELMCL_STARTUP_FOLDER "/startup_globals"));
+INSTANTIATE_TEST_SUITE_P(LinkedBeforeTheLibrary, GlobalStrings,
+                         testing::Values(QUELMCL_STARTUP_FOLDER "/startup_globals_first"));
+INSTANTIATE_TEST_SUITE_P(LinkedBehindTheLibrary, GlobalStrings,
+                         testing::Values(QUELMCL_STARTUP_FOLDER "/startup_globals_last"));
+
 // ---- a heap without a byte ----
 
 ChildProcess lastByte(const char* name, const std::vector<std::string>& settings = {})
@@ -198,6 +224,28 @@ TEST(OpenedLibrary, TakesTheHeapOverAndKeepsItWhenItIsClosed)
             "closing leaves it\n"
             "closed: 12IOutOfMemory\n"
             "at the very end: 12IOutOfMemory\n");
+  EXPECT_EQ(child.status, 0);
+}
+
+TEST(OpenedLibrary, CanBeOpenedAndClosedAHundredTimes)
+{
+  std::vector<std::string> words(101, QUELMCL_SHARED_LIBRARY);
+  words[0] = QUELMCL_STARTUP_FOLDER "/startup_opener";
+  const ChildProcess child = runChild(words);
+  std::string expected =
+    "before: St9bad_alloc\n"
+    "opening installs a new handler\n"
+    "open: 12IOutOfMemory\n"
+    "closing leaves it\n"
+    "closed: 12IOutOfMemory\n";
+  for (int again = 1; again < 100; ++again)
+    expected +=
+      "opening installs the same handler\n"
+      "open: 12IOutOfMemory\n"
+      "closing leaves it\n"
+      "closed: 12IOutOfMemory\n"
+      "the one before: 12IOutOfMemory\n";
+  EXPECT_EQ(child.out, expected + "at the very end: 12IOutOfMemory\n");
   EXPECT_EQ(child.status, 0);
 }
 

@@ -1,6 +1,7 @@
 // threads_test.cpp - strings that share no text, used by many threads at once. Only the null buffer is common to them.
 #include "string_probe.hpp"
 #include "support/expect_text.hpp"
+#include "support/together.hpp"
 
 #include <quelmcl/i0string.hpp>
 #include <quelmcl/istring.hpp>
@@ -9,7 +10,6 @@
 
 #include <atomic>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -20,21 +20,11 @@ namespace {
 constexpr unsigned threadCount = 8;
 constexpr int rounds = 2000;
 
-/// Lets eight threads go at the same moment, each doing `action(number)`.
+/// Each of eight threads does `action(number)`.
 template <class Action>
 void together(Action action)
 {
-  std::atomic<unsigned> waiting(threadCount);
-  std::vector<std::thread> threads;
-  for (unsigned number = 0; number < threadCount; ++number)
-    threads.emplace_back([&waiting, action, number] {
-      --waiting;
-      while (waiting != 0)
-        std::this_thread::yield();
-      action(number);
-    });
-  for (std::thread& thread : threads)
-    thread.join();
+  quelmcl_test::together(threadCount, action);
 }
 
 /// The empty text is as it should be: the strings of all threads stood on it. Its count is a guess after that, and no matter.
