@@ -4,8 +4,6 @@
 // Links: icuuc icudata absl_strings absl_strings_internal absl_throw_delegate absl_raw_logging_internal absl_int128
 #include "frame.hpp"
 
-#include <quelmcl/idbcsb.hpp>
-
 #include <absl/strings/ascii.h>
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
@@ -74,19 +72,10 @@ Workload countAscii("utf8_count_ascii", bench::proseOf, sizes(0.2), Limit::scan)
 Workload countLatin("utf8_count_latin", latin, sizes(0.2), Limit::scan);
 Workload countCjk("utf8_count_cjk", cjk, sizes(0.2), Limit::scan);
 
-unsigned characterCount(const IString& text)
-{
-  const char* const bytes = text;
-  unsigned count = 0;
-  for (unsigned offset = 0; offset < text.length(); offset += IDBCSBuffer::charLength(bytes + offset))
-    ++count;
-  return count;
-}
-
 bool countContenders(Workload& workload)
 {
   workload.contender("quelmcl",
-                     [](const std::string& data) { return [text = stringOf(data)] { return characterCount(text); }; });
+                     [](const std::string& data) { return [text = stringOf(data)] { return text.numCharacters(); }; });
   return workload.contender("ICU", [](const std::string& data) {
     return [&data] {
       unsigned count = 0;

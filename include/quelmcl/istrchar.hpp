@@ -7,6 +7,7 @@
 /// Where characters begin and end is the rule of the string's buffer (docs/character-sets.md): in a process with
 /// characters of one byte every byte is one; in the multi-byte kind the character set of the locale in force tells,
 /// each time a step is made. A NUL byte, and a byte that begins no sound and complete character, is one by itself.
+/// To count them, ask IString::numCharacters(), which does not go from one to the next.
 #ifndef QUELMCL_ISTRCHAR_HPP
 #define QUELMCL_ISTRCHAR_HPP
 

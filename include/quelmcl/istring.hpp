@@ -259,6 +259,9 @@ public:
   const char* cend() const noexcept { return end(); }
   /// The range of the characters, each of one or several bytes. Include istrchar.hpp (or quelmcl.hpp) to use it.
   inline quelmcl::Characters characters() const noexcept;
+  /// How many characters there are, as many as characters() would go through. Cost: in UTF-8 one pass by vectors of bytes, in
+  /// the single-byte kind nothing.
+  unsigned numCharacters() const;
   /// @}
 
   /// @name Questions about the whole text
@@ -666,11 +669,13 @@ protected:
 private:
   friend class IBuffer;
   friend class IStringBuilder;
+  friend QUELMCL_API std::istream& operator>>(std::istream& aStream, IString& aString);
   explicit IString(IBuffer* owned) noexcept : pBuffer(owned->contents()) {}
 
   static char* placeholder();
   static char* emptyText() noexcept;
   static IString unfilled(unsigned textLength);
+  QUELMCL_LOCAL static IString wordFrom(std::istream& aStream, const IBuffer& alike, unsigned mostBytes);
   template <class Number>
   QUELMCL_LOCAL void initDigits(Number number);
   void prepareToChange();

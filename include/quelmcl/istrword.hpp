@@ -148,17 +148,17 @@ inline IWordList::Word IWordList::operator[](unsigned long wordNumber) const noe
 {
   if (wordNumber == 0 || wordNumber > count())
     return Word();
-  return Word(held, static_cast<const char*>(places) + (wordNumber - 1) * bytesOfWord);
+  return Word(static_cast<const char*>(held), static_cast<const char*>(places) + (wordNumber - 1) * bytesOfWord);
 }
 
 inline IWordList::Iterator IWordList::begin() const noexcept
 {
-  return Iterator(held, places);
+  return Iterator(static_cast<const char*>(held), static_cast<const char*>(places));
 }
 
 inline IWordList::Iterator IWordList::end() const noexcept
 {
-  return Iterator(held, static_cast<const char*>(places) + places.length());
+  return Iterator(static_cast<const char*>(held), static_cast<const char*>(places) + places.length());
 }
 
 #endif

@@ -5,8 +5,22 @@
 #include "kernels/textsearch.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace quelmcl::detail {
+
+namespace {
+
+/// The first two bytes of a character, to be compared at once.
+inline std::uint16_t firstTwo(const char* p) noexcept
+{
+  std::uint16_t two;
+  std::memcpy(&two, p, sizeof two);
+  return two;
+}
+
+}  // namespace
 
 CharacterList::CharacterList(const CharacterSet& charactersOf, const char* listed, unsigned count)
   : set(charactersOf), list(listed), size(count), ofBytes(set.isSelfSynchronizing()), lastNoted(0), boundaries{}
@@ -46,10 +60,10 @@ bool CharacterList::hasLong(const char* p, unsigned length) const
   return false;
 }
 
-bool CharacterList::hasLongAmongFew(const char* p, unsigned length) const
+inline bool CharacterList::hasLongAmongFew(const char* p, unsigned length) const
 {
   for (unsigned offset = 0; offset + length <= size; ++offset)
-    if (list[offset] == p[0] && list[offset + 1] == p[1] && std::equal(p + 2, p + length, list + offset + 2) &&
+    if (firstTwo(list + offset) == firstTwo(p) && std::equal(p + 2, p + length, list + offset + 2) &&
         (set.isUtf8() || isBoundary(offset)))
       return true;
   return false;

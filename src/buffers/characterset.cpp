@@ -98,6 +98,18 @@ bool CharacterSet::beginsLongCharacter(char byte) const
   return kind != singleByte && byte != '\0' && askLibrary(&byte, 1) == incomplete;
 }
 
+unsigned CharacterSet::count(const char* text, unsigned textLength) const
+{
+  if (kind == singleByte)
+    return textLength;
+  if (kind == utf8)
+    return textLength - static_cast<unsigned>(vectors().utf8Continuations(text, textLength, textLength));
+  unsigned characters = 0;
+  for (unsigned offset = 0; offset < textLength; ++characters)
+    offset += length(text + offset);
+  return characters;
+}
+
 // Only continuation bytes can stand inside of a character, so the nearest other byte before `offset` begins one; and
 // it holds the byte at `offset` exactly if it is long enough.
 Character CharacterWalk::holdingInUtf8(std::size_t offset) const

@@ -141,6 +141,9 @@ public:
     });
   }
 
+  /// How many characters a text has.
+  unsigned count(const char* text, unsigned textLength) const;
+
   /// Whether an ASCII byte with which a character begins is all of it. In some sets such bytes continue others.
   bool hasWholeAscii() const noexcept { return asciiIsWhole; }
 
@@ -210,7 +213,11 @@ public:
       return {offset, 1};
     if (offset < floor)
       standAt(0);
-    return set.isUtf8() ? holdingInUtf8(offset) : walkedTo(offset);
+    if (!set.isUtf8())
+      return walkedTo(offset);
+    const bool endsPair =
+      offset > floor && isUtf8Continuation(text[offset]) && utf8AnnouncedLength(text[offset - 1]) == 2;
+    return endsPair ? Character{offset - 1, 2} : holdingInUtf8(offset);  // mostly one, and not worth a call
   }
 
   /// Whether a character begins at `offset`.

@@ -33,11 +33,13 @@ inline unsigned utf8Length(const char* p, std::size_t available) noexcept
     return 1;
   if (announced <= 2)  // nearly all there are; none of them is longer than need be or a surrogate
     return announced == 2 && isUtf8Continuation(p[1]) ? 2 : 1;
+  const unsigned char lead = static_cast<unsigned char>(p[0]);
+  if (announced == 3 && lead != 0xE0 && lead != 0xED)  // nor is any of these
+    return isUtf8Continuation(p[1]) && isUtf8Continuation(p[2]) ? 3 : 1;
   for (unsigned i = 1; i < announced; ++i)
     if (!isUtf8Continuation(p[i]))
       return 1;
   // Longer than need be: the bits that the second byte must have at least, when the first has none of its own.
-  const unsigned char lead = static_cast<unsigned char>(p[0]);
   const unsigned char second = static_cast<unsigned char>(p[1]);
   const bool isOverlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90) ||
                           (lead == 0xF8 && second < 0x88) || (lead == 0xFC && second < 0x84);

@@ -19,10 +19,12 @@ struct Vector128 {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(sixteen));
   }
   QUELMCL_INLINE static Bytes bitAnd(Bytes a, Bytes b) noexcept { return _mm_and_si128(a, b); }
-  /// What is not in `a`, but in `b`.
-  QUELMCL_INLINE static Bytes bitAndNot(Bytes a, Bytes b) noexcept { return _mm_andnot_si128(a, b); }
   QUELMCL_INLINE static Bytes bitOr(Bytes a, Bytes b) noexcept { return _mm_or_si128(a, b); }
   QUELMCL_INLINE static Bytes bitExclusiveOr(Bytes a, Bytes b) noexcept { return _mm_xor_si128(a, b); }
+  /// The bits of the first that the second has not.
+  QUELMCL_INLINE static Bytes bitAndNot(Bytes a, Bytes b) noexcept { return _mm_andnot_si128(b, a); }
+  QUELMCL_INLINE static Bytes add(Bytes a, Bytes b) noexcept { return _mm_add_epi8(a, b); }
+  QUELMCL_INLINE static Bytes subtract(Bytes a, Bytes b) noexcept { return _mm_sub_epi8(a, b); }
   /// All bits of a byte where the claim holds, none where not. Bytes are signed.
   QUELMCL_INLINE static Bytes equal(Bytes a, Bytes b) noexcept { return _mm_cmpeq_epi8(a, b); }
   QUELMCL_INLINE static Bytes greater(Bytes a, Bytes b) noexcept { return _mm_cmpgt_epi8(a, b); }
@@ -30,6 +32,12 @@ struct Vector128 {
   QUELMCL_INLINE static std::uint32_t mask(Bytes bytes) noexcept
   {
     return static_cast<std::uint32_t>(_mm_movemask_epi8(bytes));
+  }
+  /// The sum of all bytes, as unsigned numbers.
+  QUELMCL_INLINE static std::uint32_t sum(Bytes bytes) noexcept
+  {
+    const Bytes halves = _mm_sad_epu8(bytes, _mm_setzero_si128());
+    return static_cast<std::uint32_t>(_mm_cvtsi128_si32(halves) + _mm_extract_epi16(halves, 4));
   }
   /// For each byte the entry of a table of sixteen that its lower half names; 0 when its highest bit is set.
   QUELMCL_INLINE static Bytes lookUp(Bytes table, Bytes bytes) noexcept { return _mm_shuffle_epi8(table, bytes); }
@@ -43,6 +51,12 @@ struct Vector128 {
     return to + gatherings.counts[mask];
   }
   QUELMCL_INLINE static Bytes upperEight(Bytes bytes) noexcept { return _mm_srli_si128(bytes, 8); }
+  /// The bytes behind the first so many, and zeros behind those.
+  template <int count>
+  QUELMCL_INLINE static Bytes shiftedOut(Bytes bytes) noexcept
+  {
+    return _mm_srli_si128(bytes, count);
+  }
   QUELMCL_INLINE static Bytes reversed(Bytes bytes) noexcept
   {
     return _mm_shuffle_epi8(bytes, _mm_set_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15));

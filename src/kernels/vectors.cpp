@@ -4,6 +4,7 @@
 
 #include "kernels/ascii.hpp"
 #include "kernels/bytes.hpp"
+#include "kernels/utf8.hpp"
 #include "kernels/whitespace.hpp"
 
 #include <algorithm>
@@ -62,6 +63,19 @@ std::size_t lastMember(const char* text, std::size_t length, const ByteSet& set,
 std::size_t asciiPrefixOf(const char* text, std::size_t length) noexcept
 {
   return asciiPrefix(text, length);
+}
+
+std::size_t utf8Continuations(const char* text, std::size_t places, std::size_t length) noexcept
+{
+  std::size_t continuations = 0;
+  std::size_t at = asciiPrefix(text, places);
+  while (at < places) {
+    const unsigned bytes = utf8Length(text + at, length - at);
+    continuations += bytes - 1;
+    at = std::min(at + bytes, places);
+    at += asciiPrefix(text + at, places - at);
+  }
+  return continuations;
 }
 
 std::uint64_t whiteSpace(const char* text, std::size_t length) noexcept
@@ -126,8 +140,23 @@ void bitExclusiveOr(char* text, const char* other, std::size_t length) noexcept
 }  // namespace
 
 const Vectors portableVectors = {
-  Instructions::portable, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf, whiteSpace,
-  measureWords,           copyWords, lower, upper,    reverse,     bitAnd,     bitOr,         bitExclusiveOr,
+  Instructions::portable,
+  firstPair,
+  pairs,
+  lastPair,
+  firstMember,
+  lastMember,
+  asciiPrefixOf,
+  utf8Continuations,
+  whiteSpace,
+  measureWords,
+  copyWords,
+  lower,
+  upper,
+  reverse,
+  bitAnd,
+  bitOr,
+  bitExclusiveOr,
 };
 
 constinit const Forms<Vectors> vectorForms(portableVectors, portableVectors, ssse3Vectors, avx2Vectors);

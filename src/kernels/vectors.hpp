@@ -37,6 +37,9 @@ struct Vectors {
 
   /// How many bytes stand before the first that is not ASCII.
   std::size_t (*asciiPrefix)(const char* text, std::size_t length) noexcept;
+  /// How many bytes of a text in UTF-8 continue the characters that begin in its first `places` bytes. What is no sound
+  /// character is so many of one byte.
+  std::size_t (*utf8Continuations)(const char* text, std::size_t places, std::size_t length) noexcept;
   /// For each of the next 64 bytes, the first in the lowest bit, whether it is white space: tab to carriage return, or blank.
   /// So is what stands behind the text.
   std::uint64_t (*whiteSpace)(const char* text, std::size_t length) noexcept;

@@ -26,7 +26,7 @@ using Wide = Vector256;
 }  // namespace
 
 const Vectors avx2Vectors = {
-  Instructions::avx2, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf, whiteSpace,
+  Instructions::avx2, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf, utf8Continuations, whiteSpace,
   measureWords,       copyWords, lower, upper,    reverse,     bitAnd,     bitOr,         bitExclusiveOr,
 };
 

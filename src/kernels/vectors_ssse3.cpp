@@ -25,8 +25,9 @@ using Wide = Vector128;
 }  // namespace
 
 const Vectors ssse3Vectors = {
-  Instructions::ssse3, firstPair, pairs, lastPair, firstMember, lastMember, asciiPrefixOf, whiteSpace,
-  measureWords,        copyWords, lower, upper,    reverse,     bitAnd,     bitOr,         bitExclusiveOr,
+  Instructions::ssse3, firstPair,    pairs,     lastPair, firstMember, lastMember, asciiPrefixOf, utf8Continuations,
+  whiteSpace,          measureWords, copyWords, lower,    upper,       reverse,    bitAnd,        bitOr,
+  bitExclusiveOr,
 };
 
 }  // namespace quelmcl::detail

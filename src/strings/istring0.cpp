@@ -22,6 +22,7 @@
 #include <ostream>
 #include <streambuf>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -56,6 +57,11 @@ public:
 
   const char* begin() const { return first == nullptr ? "" : first; }
   unsigned length() const { return ready; }
+  /// The length of the word that it begins with; all of it when no white space follows.
+  unsigned wordLength(const std::ctype<char>& characters) const
+  {
+    return static_cast<unsigned>(characters.scan_is(std::ctype_base::space, begin(), begin() + ready) - begin());
+  }
   void take(unsigned length) const { (source.*&Opener::gbump)(static_cast<int>(length)); }
 
 private:
@@ -87,8 +93,7 @@ bool beginsWord(int next, const std::ctype<char>& characters)
 void appendToWord(IStringBuilder& word, std::istream& stream, unsigned mostBytes, const std::ctype<char>& characters)
 {
   const ReadyInput ready(stream, mostBytes);
-  const char* const end = characters.scan_is(std::ctype_base::space, ready.begin(), ready.begin() + ready.length());
-  const unsigned length = static_cast<unsigned>(end - ready.begin());
+  const unsigned length = ready.wordLength(characters);
   if (length == 0) {
     word.append(static_cast<char>(stream.get()));
     return;
@@ -286,18 +291,32 @@ std::ostream& operator<<(std::ostream& aStream, const IString& aString)
   return aStream << static_cast<const char*>(aString);
 }
 
+/// The word that the stream has come to, of `mostBytes` at most, in a buffer as `alike` makes them.
+IString IString::wordFrom(std::istream& aStream, const IBuffer& alike, unsigned mostBytes)
+{
+  const std::locale locale = aStream.getloc();
+  const auto& characters = std::use_facet<std::ctype<char>>(locale);
+  const ReadyInput ready(aStream, mostBytes);
+  const unsigned length = ready.wordLength(characters);
+  if (length < ready.length()) {  // as nearly always: what ends the word is ready, too
+    IString whole(alike.newBuffer(ready.begin(), length, nullptr, 0, nullptr, 0, 0));
+    ready.take(length);
+    aStream.peek();  // leaves the stream as reading byte by byte does
+    return whole;
+  }
+  IStringBuilder word(IString(alike.null()->addRef()));
+  while (word.length() < mostBytes && beginsWord(aStream.peek(), characters))
+    appendToWord(word, aStream, mostBytes - word.length(), characters);
+  return word.handOver();
+}
+
 std::istream& operator>>(std::istream& aStream, IString& aString)
 {
-  const std::streamsize width = aStream.width(0);
-  IStringBuilder word(IString::remove(aString, 1));  // a text of the same kind
-  if (const std::istream::sentry prefix(aStream); prefix) {
-    const std::locale locale = aStream.getloc();
-    const auto& characters = std::use_facet<std::ctype<char>>(locale);
-    const unsigned limit = longestWord(width);
-    while (word.length() < limit && beginsWord(aStream.peek(), characters))
-      appendToWord(word, aStream, limit - word.length(), characters);
-  }
-  aString = word.handOver();
+  const unsigned mostBytes = longestWord(aStream.width(0));
+  const IBuffer& alike = *(aString.length() == 0 ? aString.buffer() : aString.buffer()->null());
+  const std::istream::sentry prefix(aStream);
+  IString word = prefix ? IString::wordFrom(aStream, alike, mostBytes) : IString(alike.null()->addRef());
+  std::swap(aString.pBuffer, word.pBuffer);
   return aStream;
 }
 

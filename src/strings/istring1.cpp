@@ -1,14 +1,18 @@
 // istring1.cpp - IString, tests: comparison, questions about all characters, wildcards and abbreviations. (Digit 1 is
 // always tests: docs/architecture.md)
 // Tests: tests/strings/tests_test.cpp
+#include <quelmcl/istrchar.hpp>
 #include <quelmcl/istring.hpp>
 
+#include "buffers/characterset.hpp"
+#include "buffers/kinds.hpp"
 #include "kernels/digits.hpp"
 #include "kernels/vectors.hpp"
 #include "kernels/wildcard.hpp"
 
 #include <cstring>
 #include <functional>
+#include <iterator>
 #include <string_view>
 
 // ---- comparison ----
@@ -238,6 +242,16 @@ int IString::includesSBCS() const
 IStringEnum::CharType IString::charType(unsigned pos) const
 {
   return buffer()->charType(pos);
+}
+
+unsigned IString::numCharacters() const
+{
+  if (quelmcl::detail::isOwnMultiByte(*buffer()))
+    return quelmcl::detail::CharacterSet::current().count(pBuffer, length());
+  if (quelmcl::detail::isOwnSingleByte(*buffer()))
+    return length();
+  const quelmcl::Characters stepByStep(*this);
+  return static_cast<unsigned>(std::distance(stepByStep.begin(), stepByStep.end()));
 }
 
 // ---- questions about the bytes ----

@@ -4,6 +4,7 @@
 
 #include "forms.hpp"
 #include "kernels/bytes.hpp"
+#include "kernels/utf8.hpp"
 #include "support/random_texts.hpp"
 
 #include <gtest/gtest.h>
@@ -166,6 +167,69 @@ TEST_P(VectorForms, FindTheEndOfAscii)
         text, text + length, [](char byte) { return byte < 0; }, 'x');
     const auto end = std::find_if(text, text + length, [](char byte) { return byte < 0; });
     EXPECT_EQ(form().asciiPrefix(text, length), static_cast<std::size_t>(end - text)) << length << " at " << place;
+  }
+}
+
+/// Pieces that make sound characters, nearly sound ones, and characters cut off.
+std::string utf8Of(RandomTexts& random, std::size_t length)
+{
+  static const char* const pieces[] = {"a",
+                                       "\xC3\xA9",
+                                       "\xE2\x82\xAC",
+                                       "\xF0\x9F\x98\x80",
+                                       "\xF7\xBF\xBF\xBF",
+                                       "\xC1\xBF",
+                                       "\xE0\xA0\x80",
+                                       "\xE0\x9F\xBF",
+                                       "\xED\x9F\xBF",
+                                       "\xED\xA0\x80",
+                                       "\xEE\x80\x80",
+                                       "\xF0\x90\x80\x80",
+                                       "\x80",
+                                       "\xF0\x8F\xBF\xBF",
+                                       "\xF8\x88\x80\x80\x80",
+                                       "\xFC\x84\x80\x80\x80\x80",
+                                       "\xF8\x87\xBF\xBF\xBF",
+                                       "\xFE",
+                                       "abcdefghijklmnopqrstuvwxyz"};
+  const unsigned kinds = random.onceIn(2) ? 4 : static_cast<unsigned>(std::size(pieces));
+  std::string text;
+  while (text.size() < length) {
+    text += pieces[random.below(kinds)];
+    if (random.onceIn(9))
+      text.pop_back();
+    if (random.onceIn(20))
+      text += static_cast<char>(random.below(256));
+  }
+  return text.substr(0, length);
+}
+
+TEST_P(VectorForms, CountWhatContinuesCharactersOfUtf8)
+{
+  FOR_TEXTS(text, length)
+  {
+    const std::string characters = utf8Of(random, length);
+    characters.copy(text, length);
+    const std::size_t places = random.onceIn(2) ? length : random.below(static_cast<unsigned>(length) + 1);
+    std::size_t expected = 0;
+    for (std::size_t at = 0; at < places;) {
+      const unsigned bytes = quelmcl::detail::utf8Length(text + at, length - at);
+      expected += bytes - 1;
+      at += bytes;
+    }
+    EXPECT_EQ(form().utf8Continuations(text, places, length), expected)
+      << places << " of " << testing::PrintToString(characters) << " at " << place;
+  }
+}
+
+TEST_P(VectorForms, CountWhatContinuesCharactersOfLongTexts)
+{
+  for (const char* const character : {"\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xFC\x84\x80\x80\x80\x80"}) {
+    std::string text;
+    std::size_t count = 0;
+    for (; text.size() < 100000; ++count)
+      text += character;
+    EXPECT_EQ(form().utf8Continuations(text.data(), text.size(), text.size()), text.size() - count) << character;
   }
 }
 

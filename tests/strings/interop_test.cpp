@@ -374,6 +374,7 @@ void expectCharacters(const std::string& text)
     EXPECT_TEXT(letter.text(), std::string(letter.view()));
   }
   EXPECT_EQ(offsets, characterOffsets(text)) << quelmcl_test::quoted(text);
+  EXPECT_EQ(string.numCharacters(), offsets.size()) << quelmcl_test::quoted(text);
   EXPECT_EQ(joined, text);
 }
 

@@ -300,6 +300,32 @@ TEST_F(StringsHere, AreOfTheKindThatTheLocaleAsksFor)
   EXPECT_EQ(kindOf(IString("a")), IDBCSBuffer::maxCharLength() > 1 ? "IDBCSBuffer" : "IBuffer");
 }
 
+/// Counted one after the other.
+unsigned characterCount(const std::string& bytes)
+{
+  unsigned count = 0;
+  for (unsigned pos = 1; pos <= bytes.size(); ++count)
+    pos += rules::charLength(bytes, pos);
+  return count;
+}
+
+TEST_F(StringsHere, CharactersAreCounted)
+{
+  onManyTexts(rounds, [&](const std::string& bytes) {
+    EXPECT_EQ(made(bytes).numCharacters(), characterCount(bytes)) << shown(bytes);
+  });
+}
+
+TEST_F(StringsHere, CharactersOfLongTextsAreCounted)
+{
+  for (int round = 0; round < 300; ++round) {
+    std::string bytes;
+    while (bytes.size() < 100)
+      bytes += random.characters();
+    ASSERT_EQ(made(bytes).numCharacters(), characterCount(bytes)) << shown(bytes);
+  }
+}
+
 TEST_F(StringsHere, WordsAreFoundAndCounted)
 {
   onManyTexts(rounds, [&](const std::string& bytes) {

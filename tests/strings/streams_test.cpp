@@ -223,6 +223,26 @@ TEST(StringWordInput, LeavesOtherEmptyStringsEmpty)
   EXPECT_TEXT(IString(), "");
 }
 
+/// A stream buffer over bytes that belong to somebody else.
+class BytesOfAnother : public std::streambuf {
+public:
+  explicit BytesOfAnother(const IString& text)
+  {
+    char* const begin = text;
+    setg(begin, begin, begin + text.length());
+  }
+};
+
+TEST(StringWordInput, ReadsTheVeryTextThatItReplaces)
+{
+  IString text("first second");
+  BytesOfAnother source(text);
+  std::istream in(&source);
+  in >> text;
+  EXPECT_TEXT(text, "first");
+  EXPECT_EQ(in.gcount(), 0) << "as behind every step of looking ahead";
+}
+
 class StringWordInputOfLength : public testing::TestWithParam<unsigned> {};
 
 TEST_P(StringWordInputOfLength, TakesTheWordWhole)
