@@ -33,8 +33,22 @@ def read_word(process, address, size):
     return int.from_bytes(read_bytes(process, address, size), "little")
 
 
+def symbol_at(target, address):
+    """Some versions take a library's storage for threads for all of the segment that it begins, so segments are asked, too."""
+    symbol = target.ResolveLoadAddress(address).GetSymbol()
+    if symbol.IsValid():
+        return symbol
+    for segment in (segment for module in target.module_iter() for segment in module.section_iter()):
+        offset = address - segment.GetLoadAddress(target)
+        if 0 <= offset < segment.GetByteSize():
+            symbol = lldb.SBAddress(segment, offset).GetSymbol()
+            if symbol.IsValid():
+                break
+    return symbol
+
+
 def class_by_table(target, address):
-    name = target.ResolveLoadAddress(address).GetSymbol().GetName() or ""
+    name = symbol_at(target, address).GetName() or ""
     return name[len("vtable for ") :] if name.startswith("vtable for ") else None
 
 
