@@ -91,13 +91,15 @@ bool isForbidden()
   return wish != nullptr && std::strcmp(wish, "off") == 0;
 }
 
+#ifdef NDEBUG
+constexpr bool isForDebugging = false;
+#else
+constexpr bool isForDebugging = true;
+#endif
+
 bool mayKeepBlocks()
 {
-#ifdef NDEBUG
-  return !isForbidden() && !isWatched() && isUsualHeap();
-#else
-  return false;
-#endif
+  return !isForDebugging && !isForbidden() && !isWatched() && isUsualHeap();
 }
 
 // ---- the end of a thread ----

@@ -12,13 +12,16 @@ namespace quelmcl::detail {
 
 namespace {
 
+constexpr std::array<char, 256> everyByte() noexcept
+{
+  std::array<char, 256> bytes{};
+  for (std::size_t i = 0; i < bytes.size(); ++i)
+    bytes[i] = static_cast<char>(i);
+  return bytes;
+}
+
 /// What stands for each byte when nothing is translated.
-constexpr std::array<char, 256> unchanged = [] {
-  std::array<char, 256> all{};
-  for (std::size_t byte = 0; byte < all.size(); ++byte)
-    all[byte] = static_cast<char>(byte);
-  return all;
-}();
+constexpr std::array<char, 256> unchanged = everyByte();
 
 using Combine = void (*)(char* text, const char* other, std::size_t length) noexcept;
 
