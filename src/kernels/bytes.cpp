@@ -32,7 +32,8 @@ void combineBytes(char* text, std::size_t length, const char* key, std::size_t k
 {
   char repeated[2 * shortKey];
   if (keyLength < shortKey && keyLength < length) {
-    const std::size_t whole = sizeof repeated / keyLength * keyLength;
+    const std::size_t copies = std::min(sizeof repeated / keyLength, (length + keyLength - 1) / keyLength);
+    const std::size_t whole = copies * keyLength;
     std::memcpy(repeated, key, keyLength);
     repeatBytes(repeated, keyLength, whole);
     key = repeated;
